@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// How paths are shown. Pure, but for reading the home folder. Any thread.
+namespace zolva {
+
+/// The path with the home folder as "~"; still bytes, so it can be expanded again.
+[[nodiscard]] std::string tildePath(std::string_view path);
+
+/// UTF-8 for showing: every byte that is not part of valid UTF-8 becomes U+FFFD.
+[[nodiscard]] std::string displayText(std::string_view bytes);
+
+/// For a path that is not UTF-8: its bad bytes and "%" percent-encoded (RFC 3986), so that it can
+/// be told apart and decoded; nothing where the path is UTF-8.
+[[nodiscard]] std::optional<std::string> rawPath(std::string_view bytes);
+
+/// For one line of a terminal: `displayText` with control characters replaced by U+FFFD.
+[[nodiscard]] std::string displayLine(std::string_view bytes);
+
+} // namespace zolva

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Rules on the text of paths. Paths are bytes; nothing here looks at the disk, but that
+/// `expandTilde` reads the home folder and, for "~user", the account's entry. Any thread.
+namespace zolva {
+
+/// "~" and "~/…" by `homeFolder()`, "~user" and "~user/…" by that account's home; anything else,
+/// an unknown account too, comes back unchanged. Doubled slashes are tidied in what was expanded.
+[[nodiscard]] std::string expandTilde(std::string_view path);
+
+/// Without ".", "..", doubled and trailing slashes; of an absolute path. ".." at the root is
+/// dropped. No link is resolved.
+[[nodiscard]] std::string standardizedPath(std::string_view path);
+
+/// Without leading and trailing white space and line ends (Unicode's, read as UTF-8).
+[[nodiscard]] std::string_view trimmedText(std::string_view text);
+
+/// The part after the last "/", trailing slashes aside; "/" for the root.
+[[nodiscard]] std::string lastComponent(std::string_view path);
+
+/// The path without its last component; "/" for a child of the root.
+[[nodiscard]] std::string parentPath(std::string_view path);
+
+/// `folder`, one "/", `name`.
+[[nodiscard]] std::string joinedPath(std::string_view folder, std::string_view name);
+
+/// Whether `path` equals `folder` or lies below it, by text alone.
+[[nodiscard]] bool isSameOrBelow(std::string_view path, std::string_view folder);
+
+/// The text after the last "." of the last component, lower-cased (ASCII); empty where there is
+/// none or the name begins with its only ".".
+[[nodiscard]] std::string loweredExtension(std::string_view path);
+
+} // namespace zolva
