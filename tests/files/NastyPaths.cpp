@@ -51,6 +51,7 @@ std::vector<std::string> beginningsAt(const std::string& home)
             home,
             home + "/",
             home + "/Library/",
+            home + "/Library/",
             "/." + home + "/",
             "/x/.." + home,
             home + "2/",
@@ -106,7 +107,20 @@ std::vector<std::string> allPieces()
             "Application",
             " Support",
             "Music",
-            "Application Support"};
+            "Application Support",
+            "Containers",
+            "Logs",
+            "Saved Application State",
+            "WebKit",
+            "HTTPStorages",
+            "Cookies",
+            "Developer",
+            "LaunchAgents",
+            "Application Scripts",
+            "Messages",
+            "Downloads",
+            "Movies",
+            "Pictures"};
 }
 
 std::vector<std::string> namesBetween(const std::string& text)
