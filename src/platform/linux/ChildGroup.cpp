@@ -1,0 +1,35 @@
+#include "platform/ChildGroup.h"
+
+#include <csignal>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace zolva {
+
+std::function<void()> ownGroupInChild()
+{
+    const pid_t parent = ::getpid();
+    return [parent] {
+        ::setpgid(0, 0);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != parent) {
+            ::_exit(127); // it died before the line above could tell us
+        }
+    };
+}
+
+void giveOwnGroup(long long child)
+{
+    // Fails once the child runs its program: then the child has done it itself.
+    ::setpgid(static_cast<pid_t>(child), static_cast<pid_t>(child));
+}
+
+void signalGroup(long long child, GroupSignal signal)
+{
+    if (child > 1) {
+        ::kill(-static_cast<pid_t>(child), signal == GroupSignal::Kill ? SIGKILL : SIGTERM);
+    }
+}
+
+} // namespace zolva
