@@ -6,13 +6,9 @@
 namespace zolva {
 
 /// What a child runs between its birth and its program (async-signal-safe calls only): a process
-/// group of its own, and an end together with the thread that started it where the system can do
-/// that. Make it on the thread that starts the child.
+/// group of its own, signals as at a login, and an end together with the thread that started it
+/// where the system can do that. Make it on the thread that starts the child.
 [[nodiscard]] std::function<void()> ownGroupInChild();
-
-/// The same group, seen from the parent: right after the start, so that it stands before the first
-/// signal is sent.
-void giveOwnGroup(long long child);
 
 enum class GroupSignal
 {

@@ -6,15 +6,26 @@
 
 namespace zolva {
 
-std::function<void()> ownGroupInChild()
+namespace {
+
+/// What is blocked or ignored here would stay so in the child, which then could not be ended.
+void signalsAsAtLogin()
 {
-    return [] { ::setpgid(0, 0); };
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    ::signal(SIGTERM, SIG_DFL);
+    ::signal(SIGPIPE, SIG_DFL);
 }
 
-void giveOwnGroup(long long child)
+} // namespace
+
+std::function<void()> ownGroupInChild()
 {
-    // Fails once the child runs its program: then the child has done it itself.
-    ::setpgid(static_cast<pid_t>(child), static_cast<pid_t>(child));
+    return [] {
+        ::setpgid(0, 0);
+        signalsAsAtLogin();
+    };
 }
 
 void signalGroup(long long child, GroupSignal signal)
