@@ -1,0 +1,68 @@
+#pragma once
+
+#include "async/Clock.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+#include <chrono>
+#include <memory>
+
+namespace zolva {
+
+/// One run of a program, with all that it starts as one process group. Nothing here waits: all is
+/// told by signals, from the event loop. After `start` comes exactly one of `launchFailed` and
+/// `ended`, and nothing after it. Both outputs are read as they come. Main thread.
+class ChildProcess final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Command
+    {
+        QString program; ///< a full path
+        QStringList arguments;
+        QProcessEnvironment environment;
+    };
+
+    /// From the request to end until the child is made to.
+    static constexpr std::chrono::seconds grace{5};
+
+    explicit ChildProcess(Clock& clock, QObject* parent = nullptr);
+    /// Kills what still runs, without waiting for it.
+    ~ChildProcess() override;
+
+    /// Once for each object.
+    void start(const Command& command);
+    [[nodiscard]] bool isRunning() const;
+    /// Asks the whole group to end, and kills it when it has not after `grace` on the clock.
+    void terminate();
+
+Q_SIGNALS:
+    void wroteOutput(const QByteArray& bytes);
+    void wroteError(const QByteArray& bytes);
+    void readingFailed(const QString& why);
+    void launchFailed(const QString& why);
+    /// The exit status, or the signal's number where a signal ended it. Both outputs have been
+    /// told.
+    void ended(int status);
+
+private:
+    void tellOutput();
+    void tellError();
+    void handleError(QProcess::ProcessError error);
+    void handleStart();
+    void handleEnd(int status);
+    void endGroup();
+
+    Clock& m_clock;
+    std::unique_ptr<QProcess> m_process;
+    qint64 m_group = 0; ///< the child's process id, once it runs its program
+    bool m_ending = false;
+};
+
+} // namespace zolva
