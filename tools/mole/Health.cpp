@@ -11,8 +11,8 @@ namespace {
 struct Rule
 {
     double HealthReadings::*reading;
-    double fine;   ///< up to here it takes nothing
-    double worst;  ///< from here on it takes all its points
+    double fine;  ///< up to here it takes nothing
+    double worst; ///< from here on it takes all its points
     double points;
     std::string_view message;
 };
@@ -32,14 +32,15 @@ constexpr std::array<Rule, 6> rules = {{
 
 Health healthOf(const HealthReadings& readings)
 {
+    constexpr double worthNaming = 1;
     double left = 100;
-    double most = 1;
+    double most = 0;
     Health health{100, "Everything looks fine"};
     for (const Rule& rule : rules) {
         const double excess = (readings.*rule.reading - rule.fine) / (rule.worst - rule.fine);
         const double taken = rule.points * std::clamp(excess, 0.0, 1.0);
         left -= taken;
-        if (taken >= most && (taken > most || health.message == "Everything looks fine")) {
+        if (taken >= worthNaming && taken > most) {
             most = taken;
             health.message = rule.message;
         }

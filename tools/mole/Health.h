@@ -7,11 +7,11 @@ namespace zolva::mole {
 
 struct HealthReadings
 {
-    double cpuUsage = 0;    ///< percent
-    double loadPerCore = 0; ///< load of the last minute by logical core
-    double memoryUsed = 0;  ///< percent
-    double memoryStall = 0; ///< percent of time in which some program waited for memory
-    double fullestDisk = 0; ///< percent
+    double cpuUsage = 0;       ///< percent
+    double loadPerCore = 0;    ///< load of the last minute by logical core
+    double memoryUsed = 0;     ///< percent
+    double memoryStall = 0;    ///< percent of time in which some program waited for memory
+    double fullestDisk = 0;    ///< percent
     double cpuTemperature = 0; ///< degrees Celsius; 0 where unknown
 };
 

@@ -62,10 +62,9 @@ std::map<int, LogicalCpu> logicalCpus(const std::string& devices)
         }
         const std::string topology = folder + name + "/topology/";
         const auto id = static_cast<std::int64_t>(*number);
-        cpus[static_cast<int>(id)] = {
-            {fileNumber(topology + "physical_package_id").value_or(0),
-             fileNumber(topology + "core_id").value_or(id)},
-            fileNumber(folder + name + "/cpu_capacity").value_or(0)};
+        cpus[static_cast<int>(id)] = {{fileNumber(topology + "physical_package_id").value_or(0),
+                                       fileNumber(topology + "core_id").value_or(id)},
+                                      fileNumber(folder + name + "/cpu_capacity").value_or(0)};
     }
     return cpus;
 }

@@ -22,9 +22,10 @@ namespace {
 
 /// Those that can be written. Images of programs and discs are always full and say nothing.
 /// An overlay counts as the root alone, where it is all that a container sees of its disk.
-constexpr std::array diskFileSystems = {
-    "ext2",  "ext3",  "ext4",    "xfs",  "btrfs", "f2fs", "jfs",     "reiserfs", "bcachefs", "zfs",
-    "nilfs2", "vfat", "exfat", "ntfs", "ntfs3", "fuseblk", "hfs", "hfsplus", "apfs", "overlay"};
+constexpr std::array diskFileSystems = {"ext2",    "ext3", "ext4",     "xfs",      "btrfs",
+                                        "f2fs",    "jfs",  "reiserfs", "bcachefs", "zfs",
+                                        "nilfs2",  "vfat", "exfat",    "ntfs",     "ntfs3",
+                                        "fuseblk", "hfs",  "hfsplus",  "apfs",     "overlay"};
 
 /// Deep enough for every real stack of devices.
 constexpr int maxStack = 8;
@@ -37,8 +38,7 @@ std::int64_t clampedBytes(unsigned long long bytes)
 
 std::string resolved(const std::string& path)
 {
-    const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr),
-                                                      std::free);
+    const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
     return real ? std::string(real.get()) : std::string();
 }
 
@@ -88,8 +88,8 @@ std::vector<DiskReading> readDisks()
     const sg_fs_stats* found = sg_get_fs_stats(&entries);
     std::set<std::string> seen;
     for (const sg_fs_stats& one : std::span(found, found ? entries : 0)) {
-        DiskReading disk{textOf(one.mnt_point), textOf(one.device_name), textOf(one.fs_type),
-                         clampedBytes(one.used), clampedBytes(one.size), clampedBytes(one.avail)};
+        DiskReading disk{textOf(one.mnt_point),  textOf(one.device_name), textOf(one.fs_type),
+                         clampedBytes(one.used), clampedBytes(one.size),  clampedBytes(one.avail)};
         const bool partOfRoot = disk.fileSystem == "overlay" && disk.mount != "/";
         if (disk.total <= 0 || partOfRoot || !seen.insert(disk.device).second) {
             continue;

@@ -114,8 +114,7 @@ std::string uptimeText(std::int64_t seconds)
     return text;
 }
 
-ProxyReading
-proxyFrom(const std::function<std::optional<std::string>(const char*)>& variable)
+ProxyReading proxyFrom(const std::function<std::optional<std::string>(const char*)>& variable)
 {
     for (const char* name : proxyVariables) {
         const std::optional<std::string> value = variable(name);

@@ -12,7 +12,7 @@ namespace zolva::mole {
 struct MemoryDetails
 {
     std::optional<std::int64_t> available; ///< old kernels do not tell
-    std::int64_t cached = 0; ///< page cache, buffers and slabs that can be given back
+    std::int64_t cached = 0;               ///< page cache, buffers and slabs that can be given back
 };
 
 /// From the text of /proc/meminfo; lines that are not understood are passed over. Pure.

@@ -7,8 +7,8 @@
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <netdb.h>
-#include <sys/socket.h>
 #include <netinet/in.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -102,11 +102,11 @@ NetworkReading NetworkMeter::read()
         const auto earlier = m_before.find(name);
         const auto later = now.find(name);
         if (earlier != m_before.end() && later != now.end()) {
-            one.received = perSecond(earlier->second.received, later->second.received,
-                                     when - m_when) / bytesPerMegabyte;
-            one.sent =
-                perSecond(earlier->second.sent, later->second.sent, when - m_when) /
+            one.received =
+                perSecond(earlier->second.received, later->second.received, when - m_when) /
                 bytesPerMegabyte;
+            one.sent = perSecond(earlier->second.sent, later->second.sent, when - m_when) /
+                       bytesPerMegabyte;
         }
         reading.interfaces.push_back(std::move(one));
     }

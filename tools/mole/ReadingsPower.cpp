@@ -51,13 +51,12 @@ BatteryReading batteryAt(const std::string& folder)
     const Charge charge = chargeOf(folder);
     BatteryReading battery;
     const double share = percent(charge.now, charge.full);
-    battery.percent = static_cast<int>(
-        std::clamp<std::int64_t>(fileNumber(folder + "/capacity").value_or(std::llround(share)), 0,
-                                 100));
+    battery.percent = static_cast<int>(std::clamp<std::int64_t>(
+        fileNumber(folder + "/capacity").value_or(std::llround(share)), 0, 100));
     battery.status = fileLine(folder + "/status");
     battery.health = fileLine(folder + "/health");
-    battery.cycleCount = static_cast<int>(std::clamp<std::int64_t>(
-        fileNumber(folder + "/cycle_count").value_or(0), 0, 1'000'000));
+    battery.cycleCount = static_cast<int>(
+        std::clamp<std::int64_t>(fileNumber(folder + "/cycle_count").value_or(0), 0, 1'000'000));
     battery.capacity = static_cast<int>(std::lround(percent(charge.full, charge.design)));
     if (charge.rate > 0 && battery.status == "Discharging") {
         battery.timeLeft = hoursText(charge.now / charge.rate);

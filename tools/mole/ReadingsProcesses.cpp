@@ -17,6 +17,7 @@ namespace {
 constexpr std::size_t maxCommand = 1024;
 
 /// Fields of /proc/PID/stat as the manual counts them, from 1.
+constexpr int fieldAfterName = 3;
 constexpr int parentField = 4;
 constexpr int userTicksField = 14;
 constexpr int kernelTicksField = 15;
@@ -51,12 +52,9 @@ ProcessReading readingOf(const ProcessStat& stat, double cpu)
     const std::string arguments =
         fileText("/proc/" + std::to_string(stat.pid) + "/cmdline", maxCommand)
             .value_or(std::string());
-    return {stat.pid,
-            stat.parent,
-            stat.name,
-            commandText(arguments, stat.name),
-            cpu,
-            std::max<std::int64_t>(stat.residentPages, 0) * pageSize};
+    return {stat.pid,  stat.parent,
+            stat.name, commandText(arguments, stat.name),
+            cpu,       std::max<std::int64_t>(stat.residentPages, 0) * pageSize};
 }
 
 } // namespace
@@ -74,21 +72,31 @@ std::optional<ProcessStat> parseProcessStat(std::string_view text)
     ProcessStat stat;
     stat.name = text.substr(open + 1, close - open - 1);
     std::string_view rest = text.substr(close + 1);
-    nextWord(rest); // the state, field 3
     std::optional<std::int64_t> parent;
     std::optional<std::uint64_t> user;
     std::optional<std::uint64_t> kernel;
     std::optional<std::uint64_t> started;
     std::optional<std::int64_t> resident;
-    for (int field = parentField; field <= residentField; ++field) {
+    for (int field = fieldAfterName; field <= residentField; ++field) {
         const std::string_view word = nextWord(rest);
         switch (field) {
-        case parentField: parent = wholeNumber(word); break;
-        case userTicksField: user = unsignedNumber(word); break;
-        case kernelTicksField: kernel = unsignedNumber(word); break;
-        case startField: started = unsignedNumber(word); break;
-        case residentField: resident = wholeNumber(word); break;
-        default: break;
+        case parentField:
+            parent = wholeNumber(word);
+            break;
+        case userTicksField:
+            user = unsignedNumber(word);
+            break;
+        case kernelTicksField:
+            kernel = unsignedNumber(word);
+            break;
+        case startField:
+            started = unsignedNumber(word);
+            break;
+        case residentField:
+            resident = wholeNumber(word);
+            break;
+        default:
+            break;
         }
     }
     if (!pid || !parent || !user || !kernel || !started || !resident) {
@@ -131,8 +139,8 @@ std::vector<double> processUsage(const std::vector<ProcessStat>& before,
             ++earlier;
         }
         // The same number may by now be another process.
-        const bool known = earlier != before.end() && earlier->pid == now.pid &&
-                           earlier->started == now.started;
+        const bool known =
+            earlier != before.end() && earlier->pid == now.pid && earlier->started == now.started;
         // One that is older than the last reading and was not in it was overlooked: what it used
         // since then is unknown.
         const bool overlooked = !known && now.started < newest;
@@ -154,17 +162,16 @@ ProcessesReading ProcessMeter::read()
     std::vector<std::size_t> order(now.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const std::size_t kept = std::min(shown, order.size());
-    std::ranges::partial_sort(
-        order, order.begin() + static_cast<std::ptrdiff_t>(kept),
-        [&](std::size_t left, std::size_t right) {
-            if (usage[left] != usage[right]) {
-                return usage[left] > usage[right];
-            }
-            if (now[left].residentPages != now[right].residentPages) {
-                return now[left].residentPages > now[right].residentPages;
-            }
-            return left < right;
-        });
+    std::ranges::partial_sort(order, order.begin() + static_cast<std::ptrdiff_t>(kept),
+                              [&](std::size_t left, std::size_t right) {
+                                  if (usage[left] != usage[right]) {
+                                      return usage[left] > usage[right];
+                                  }
+                                  if (now[left].residentPages != now[right].residentPages) {
+                                      return now[left].residentPages > now[right].residentPages;
+                                  }
+                                  return left < right;
+                              });
 
     ProcessesReading reading;
     reading.count = static_cast<std::int64_t>(now.size());

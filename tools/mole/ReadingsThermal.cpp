@@ -12,8 +12,8 @@ namespace {
 
 /// Drivers that tell the temperature of the processor as a whole in their first sensor, and those
 /// of graphics cards.
-constexpr std::array<std::string_view, 6> cpuDrivers = {"coretemp",    "k10temp",    "zenpower",
-                                                        "cpu_thermal", "k8temp", "via_cputemp"};
+constexpr std::array<std::string_view, 6> cpuDrivers = {"coretemp",    "k10temp", "zenpower",
+                                                        "cpu_thermal", "k8temp",  "via_cputemp"};
 constexpr std::array<std::string_view, 4> gpuDrivers = {"amdgpu", "nouveau", "radeon", "xe"};
 constexpr std::array<std::string_view, 1> powerDrivers = {"power_meter"};
 

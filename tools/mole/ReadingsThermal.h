@@ -9,9 +9,9 @@ namespace zolva::mole {
 /// Where the machine's sensors tell; empty for a sensor it does not have.
 struct ThermalSensors
 {
-    std::string cpu;   ///< thousandths of a degree Celsius
-    std::string gpu;   ///< the same
-    std::string power; ///< millionths of a watt, of the whole machine
+    std::string cpu;               ///< thousandths of a degree Celsius
+    std::string gpu;               ///< the same
+    std::string power;             ///< millionths of a watt, of the whole machine
     std::vector<std::string> fans; ///< turns a minute
 };
 

@@ -13,8 +13,7 @@
 namespace zolva::mole {
 
 TrashSize::TrashSize(std::string folder) : m_folder(std::move(folder)), m_open(nullptr, ::closedir)
-{
-}
+{}
 
 void TrashSize::begin()
 {
@@ -49,7 +48,8 @@ void TrashSize::countNext()
     if (name == "." || name == "..") {
         return;
     }
-    struct stat status{};
+    struct stat status
+    {};
     if (::fstatat(::dirfd(m_open.get()), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
         m_overlooked = m_overlooked || errno != ENOENT;
     } else if (S_ISDIR(status.st_mode)) {
