@@ -143,7 +143,8 @@ TEST_F(Installers, ItemsOfTheSameSizeInOneSourceKeepListingOrder)
         make("Downloads/" + std::to_string(i) + ".dmg");
     }
     Names expected;
-    for (const std::string& name : naive::namesIn(tree.path("Downloads")).value()) {
+    const Names listed = naive::namesIn(tree.path("Downloads")).value();
+    for (const std::string& name : listed) {
         expected.push_back("~/Downloads/" + name);
     }
     EXPECT_EQ(scannedPaths(), expected);
