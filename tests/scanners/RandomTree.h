@@ -12,8 +12,11 @@ namespace zolva::test {
 class RandomTree
 {
 public:
-    RandomTree(std::string top, unsigned seed, std::vector<std::string> names);
-    /// Opens what `finish` closed, so that the tree can be removed.
+    /// Files are links to those of `pool`, since new ones are dear on some disks. What links lead
+    /// to stands in `side`, which is made.
+    RandomTree(std::string side, unsigned seed, std::vector<std::string> names,
+               std::vector<std::string> pool);
+    /// Opens what `finish` closed, so that the tree can be moved and removed.
     ~RandomTree();
     RandomTree(const RandomTree&) = delete;
     RandomTree& operator=(const RandomTree&) = delete;
@@ -26,7 +29,7 @@ public:
     void growPlace(const std::string& path, unsigned depth);
     /// A folder with some things of random names, at most `depth` folders deep.
     void growFolder(const std::string& path, unsigned depth);
-    /// A file of up to four blocks.
+    /// A file out of the pool.
     void growFile(const std::string& path);
 
     /// Gives everything a date within 30 days before and 3 days after `now` (seconds of the epoch),
@@ -38,9 +41,10 @@ private:
     void growLink(const std::string& path);
     void made(const std::string& path) { m_made.push_back(path); }
 
-    std::string m_top;
+    std::string m_side;
     std::mt19937 m_random;
     std::vector<std::string> m_names;
+    std::vector<std::string> m_pool;
     std::vector<std::string> m_made; ///< parents before children
     std::vector<std::string> m_closed;
 };
