@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -44,6 +45,7 @@ protected:
 
     void block(const std::string& relative, int blocks = 1)
     {
+        m_tree.text(relative, "");
         RandomTree(m_tree, 1).file(relative, blocks);
     }
 
@@ -427,6 +429,35 @@ Texts plainRows(const UninstallApp& app, const std::vector<UninstallApp>& apps,
     return texts;
 }
 
+/// What a few of the places hold, each by a key that an application may have.
+void growPlaces(TempTree& tree, RandomTree& random)
+{
+    Texts folders = {"Applications"};
+    std::set<std::string> made;
+    for (int i = random.upTo(5); i >= 0; --i) {
+        const std::string place = random.anyOf(Texts{
+            "Caches", "Containers", "Group Containers", "Preferences", "WebKit", "HTTPStorages",
+            "Cookies", "Saved Application State", "Application Support", "Logs"});
+        const std::string after = place == "Preferences"               ? ".plist"
+                                  : place == "Cookies"                 ? ".binarycookies"
+                                  : place == "Saved Application State" ? ".savedState"
+                                                                       : "";
+        const std::string key = random.anyOf(Texts{"foo", "Foo", "org.foo", " foo", "N"});
+        const std::string path = "Library/" + place + "/" + key + after;
+        tree.folder("Library/" + place);
+        if (!made.insert(path).second) {
+            continue;
+        }
+        if (random.oneIn(3)) {
+            random.file(path, random.upTo(3));
+        } else {
+            folders.push_back(path);
+            tree.folder(path);
+        }
+    }
+    random.fill(folders, 12);
+}
+
 TEST(LeftoverScanOracle, ThreeHundredRandomHomesGiveTheRowsOfThePlainRule)
 {
     const Texts keys = {"foo", "Foo", "org.foo", "unknown", "..", " foo", "a/b", "", "N"};
@@ -440,25 +471,7 @@ TEST(LeftoverScanOracle, ThreeHundredRandomHomesGiveTheRowsOfThePlainRule)
             const std::string bundle = "Applications/" + std::to_string(random.upTo(2)) + ".app";
             apps.push_back(appOf(random.anyOf(keys), random.anyOf(keys), tree.folder(bundle)));
         }
-        Texts folders = {"Applications"};
-        for (const std::string place :
-             {"Caches/", "Containers/", "Group Containers/", "Preferences/", "WebKit/",
-              "HTTPStorages/", "Cookies/", "Saved Application State/", "Application Support/",
-              "Logs/"}) {
-            const std::string after = place == "Preferences/"               ? ".plist"
-                                      : place == "Cookies/"                 ? ".binarycookies"
-                                      : place == "Saved Application State/" ? ".savedState"
-                                                                            : "";
-            const std::string key = random.anyOf(Texts{"foo", "Foo", "org.foo", " foo", "N"});
-            const std::string path = "Library/" + place + key + after;
-            if (random.oneIn(3)) {
-                random.file(path, random.upTo(3));
-            } else {
-                folders.push_back(path);
-                tree.folder(path);
-            }
-        }
-        random.fill(folders, 25);
+        growPlaces(tree, random);
         for (const UninstallApp& app : apps) {
             Texts told;
             for (const ResidueRow& row : scanResidue(app, apps)) {
@@ -470,7 +483,7 @@ TEST(LeftoverScanOracle, ThreeHundredRandomHomesGiveTheRowsOfThePlainRule)
             ASSERT_EQ(told, plainRows(app, apps, tree.root())) << "seed " << seed;
         }
     }
-    EXPECT_GT(rowsSeen, 1000U);
+    EXPECT_GT(rowsSeen, 900U);
 }
 
 } // namespace

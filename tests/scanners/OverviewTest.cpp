@@ -32,6 +32,7 @@ class Overview : public ::testing::Test
 protected:
     void block(const std::string& relative, int blocks = 1)
     {
+        m_tree.text(relative, "");
         RandomTree(m_tree, 1).file(relative, blocks);
     }
 

@@ -26,7 +26,7 @@ public:
         return choices[static_cast<std::size_t>(upTo(static_cast<int>(choices.size()) - 1))];
     }
 
-    /// A file of so many blocks of 4,096 bytes.
+    /// A file of so many blocks of 4,096 bytes, in a folder that is there.
     void file(const std::string& relative, int blocks);
 
     /// Puts `entries` things of any kind into the folders, which must be there, and into those it

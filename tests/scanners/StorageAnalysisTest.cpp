@@ -31,6 +31,7 @@ class StorageAnalysis : public ::testing::Test
 protected:
     void block(const std::string& relative, int blocks = 1)
     {
+        m_tree.text(relative, "");
         RandomTree(m_tree, 1).file(relative, blocks);
     }
 
