@@ -66,6 +66,7 @@ std::vector<BundleRow> bundlesIn(const TempTree& tree)
 TEST(AppList, NameAndIdentifierComeFromTheInfoWithTheDisplayNameFirst)
 {
     TempTree tree;
+    const ScopedHome elsewhere(tree.path("home"));
     tree.text("One.app/Contents/Info.plist",
               infoOf(entry("CFBundleName", "Short") + entry("CFBundleDisplayName", "The Long One") +
                      entry("CFBundleIdentifier", "org.example.one")));

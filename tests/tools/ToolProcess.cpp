@@ -65,6 +65,7 @@ ToolProcess::ToolProcess(const std::vector<std::string>& arguments,
     std::vector<std::string> texts = {MOLE_TOOL};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
+    argv.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         argv.push_back(text.data());
     }
