@@ -108,6 +108,15 @@ TEST(AppList, ABundleWithoutIdentifierOrWithADamagedInfoIsUnknownByItsFileName)
     }
 }
 
+TEST(AppList, APipeInPlaceOfTheInfoKeepsNobodyWaiting)
+{
+    TempTree tree;
+    tree.fifo("Pipe.app/Contents/Info.plist");
+    const auto rows = bundlesIn(tree);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].bundleID, "unknown");
+}
+
 TEST(AppList, OnlyFoldersNamedAppWithAnInfoAreBundles)
 {
     TempTree tree;
