@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <string>
 
 namespace zolva::test {
@@ -65,6 +66,7 @@ std::vector<BundleRow> bundlesIn(const TempTree& tree)
 TEST(AppList, NameAndIdentifierComeFromTheInfoWithTheDisplayNameFirst)
 {
     TempTree tree;
+    const ScopedHome elsewhere(tree.path("home"));
     tree.text("One.app/Contents/Info.plist",
               infoOf(entry("CFBundleName", "Short") + entry("CFBundleDisplayName", "The Long One") +
                      entry("CFBundleIdentifier", "org.example.one")));
@@ -104,6 +106,15 @@ TEST(AppList, ABundleWithoutIdentifierOrWithADamagedInfoIsUnknownByItsFileName)
         EXPECT_EQ(row.bundleID, "unknown");
         EXPECT_EQ(row.name, row.uninstallName);
     }
+}
+
+TEST(AppList, APipeInPlaceOfTheInfoKeepsNobodyWaiting)
+{
+    TempTree tree;
+    tree.fifo("Pipe.app/Contents/Info.plist");
+    const auto rows = bundlesIn(tree);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].bundleID, "unknown");
 }
 
 TEST(AppList, OnlyFoldersNamedAppWithAnInfoAreBundles)
@@ -172,7 +183,7 @@ TEST(AppList, TheToolPrintsAnArrayWithTheSixKeysThatTheProgramDecodes)
     TempTree home;
     home.text("Applications/Mine.app/Contents/Info.plist",
               infoOf(entry("CFBundleIdentifier", "org.example.mine")));
-    ToolProcess tool({"uninstall", "--list"}, {{"HOME", home.root()}});
+    ToolProcess tool({"uninstall", "--list"}, {{{"HOME", home.root()}}});
     const std::string output = tool.readOutput();
     const std::optional<Ending> ending = tool.wait();
     ASSERT_TRUE(ending);
@@ -191,6 +202,55 @@ TEST(AppList, TheToolPrintsAnArrayWithTheSixKeysThatTheProgramDecodes)
     EXPECT_EQ(mine->at("uninstall_name"), "Mine");
     EXPECT_TRUE(mine->at("size").is_string());
     EXPECT_TRUE(decodeAppList(output).has_value());
+}
+
+namespace {
+
+/// More bundles than one page can tell of.
+void addManyBundles(TempTree& home)
+{
+    for (int number = 0; number < 40; ++number) {
+        home.text("Applications/Application with a long name " + std::to_string(number) +
+                      ".app/Contents/Info.plist",
+                  infoOf(""));
+    }
+}
+
+} // namespace
+
+TEST(AppList, APipeThatDoesNotWaitForItsReaderGetsAllOfTheList)
+{
+    TempTree home;
+    addManyBundles(home);
+    ToolProcess tool(
+        {"uninstall", "--list"},
+        {.changes = {{"HOME", home.root()}}, .smallPipe = true, .nonBlockingPipe = true});
+    ASSERT_TRUE(tool.waitUntilFull());
+    const Json list = Json::parse(tool.readOutput(), nullptr, false);
+    ASSERT_TRUE(list.is_array());
+    EXPECT_GE(list.size(), 40U);
+}
+
+TEST(AppList, AReaderThatDoesNotReadDoesNotKeepTheToolFromEnding)
+{
+    TempTree home;
+    addManyBundles(home);
+    ToolProcess asked({"uninstall", "--list"},
+                      {.changes = {{"HOME", home.root()}}, .smallPipe = true});
+    ASSERT_TRUE(asked.waitUntilFull());
+    asked.send(SIGTERM);
+    const std::optional<Ending> ending = asked.wait();
+    ASSERT_TRUE(ending);
+    EXPECT_EQ(ending->signal, SIGTERM);
+
+    ToolProcess left({"uninstall", "--list"},
+                     {.changes = {{"HOME", home.root()}}, .smallPipe = true});
+    ASSERT_TRUE(left.waitUntilFull());
+    left.closeOutput();
+    const std::optional<Ending> quiet = left.wait();
+    ASSERT_TRUE(quiet);
+    EXPECT_EQ(quiet->exitCode, 0);
+    EXPECT_EQ(left.readErrors(), "");
 }
 
 } // namespace zolva::test

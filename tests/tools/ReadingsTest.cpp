@@ -202,7 +202,7 @@ TEST(HostTexts, UptimeLeavesOutWhatIsZeroInFront)
     EXPECT_EQ(uptimeText(-5), "0m");
     EXPECT_EQ(uptimeText(59), "0m");
     EXPECT_EQ(uptimeText(3'600), "1h 0m");
-    EXPECT_EQ(uptimeText(3 * 86'400 + 4 * 3'600 + 5 * 60 + 6), "3d 4h 5m");
+    EXPECT_EQ(uptimeText(273'906), "3d 4h 5m");
 }
 
 TEST(HostTexts, TheProcessorsNameIsFoundUnderEachOfItsKeys)

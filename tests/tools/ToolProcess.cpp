@@ -2,12 +2,15 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
@@ -49,14 +52,20 @@ bool readMore(int fd, std::string& text)
 } // namespace
 
 ToolProcess::ToolProcess(const std::vector<std::string>& arguments,
-                         const std::map<std::string, std::string>& changes,
-                         const std::vector<int>& blocked)
+                         const Surroundings& surroundings)
 {
     const Pipe output = makePipe();
     const Pipe errors = makePipe();
+    if (surroundings.smallPipe) {
+        ::fcntl(output[1], F_SETPIPE_SZ, 4096);
+    }
+    if (surroundings.nonBlockingPipe) {
+        ::fcntl(output[1], F_SETFL, O_NONBLOCK);
+    }
     std::vector<std::string> texts = {MOLE_TOOL};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
+    argv.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         argv.push_back(text.data());
     }
@@ -65,12 +74,12 @@ ToolProcess::ToolProcess(const std::vector<std::string>& arguments,
     if (m_pid == 0) {
         ::dup2(output[1], STDOUT_FILENO);
         ::dup2(errors[1], STDERR_FILENO);
-        for (const auto& [name, value] : changes) {
+        for (const auto& [name, value] : surroundings.changes) {
             ::setenv(name.c_str(), value.c_str(), 1);
         }
         sigset_t set;
         sigemptyset(&set);
-        for (const int signal : blocked) {
+        for (const int signal : surroundings.blocked) {
             std::signal(signal, SIG_IGN);
             sigaddset(&set, signal);
         }
@@ -121,6 +130,18 @@ std::string ToolProcess::readErrors()
     while (readMore(m_errors, text)) {
     }
     return text;
+}
+
+bool ToolProcess::waitUntilFull() const
+{
+    const int capacity = ::fcntl(m_output, F_GETPIPE_SZ);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    int held = 0;
+    while (held < capacity && std::chrono::steady_clock::now() < end) {
+        ::ioctl(m_output, FIONREAD, &held);
+        ::sched_yield();
+    }
+    return held == capacity;
 }
 
 void ToolProcess::closeOutput()

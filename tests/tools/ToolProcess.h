@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -17,15 +16,21 @@ struct Ending
     std::optional<int> signal;
 };
 
+/// What the child finds.
+struct Surroundings
+{
+    std::map<std::string, std::string> changes{}; ///< of this process's environment
+    std::vector<int> blocked{};   ///< signals that a careless parent blocks, ignores
+    bool smallPipe = false;       ///< its output goes into a pipe that holds one page
+    bool nonBlockingPipe = false; ///< and that does not wait for the reader
+};
+
 /// The tool as a child process with pipes for its output. Ends it at destruction.
 class ToolProcess
 {
 public:
-    /// Starts it in this process's environment with `changes` on top; `blocked` signals are blocked
-    /// and ignored in it at first, as a careless parent would leave them.
     explicit ToolProcess(const std::vector<std::string>& arguments,
-                         const std::map<std::string, std::string>& changes = {},
-                         const std::vector<int>& blocked = {});
+                         const Surroundings& surroundings = {});
     ~ToolProcess();
     ToolProcess(const ToolProcess&) = delete;
     ToolProcess& operator=(const ToolProcess&) = delete;
@@ -39,6 +44,8 @@ public:
     [[nodiscard]] std::string readOutput();
     [[nodiscard]] std::string readErrors();
 
+    /// Waits until the child has filled its pipe; false if it does not.
+    [[nodiscard]] bool waitUntilFull() const;
     void closeOutput();
     void send(int signal) const;
 

@@ -38,7 +38,8 @@ Health healthOf(const HealthReadings& readings)
     Health health{100, "Everything looks fine"};
     for (const Rule& rule : rules) {
         const double excess = (readings.*rule.reading - rule.fine) / (rule.worst - rule.fine);
-        const double taken = rule.points * std::clamp(excess, 0.0, 1.0);
+        // Written so that a reading that is no number takes nothing.
+        const double taken = excess > 0 ? rule.points * std::min(excess, 1.0) : 0.0;
         left -= taken;
         if (taken >= worthNaming && taken > most) {
             most = taken;

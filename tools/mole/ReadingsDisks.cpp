@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <climits>
 #include <cstdlib>
 #include <limits>
 #include <memory>

@@ -32,7 +32,8 @@ std::optional<Number> numberOf(std::string_view text)
 
 std::optional<std::string> fileText(const std::string& path, std::size_t limit)
 {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    // A pipe that stands where a file is looked for must not keep the tool waiting.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (fd < 0) {
         return std::nullopt;
     }
