@@ -10,14 +10,15 @@ namespace zolva {
 /// The path with the home folder as "~"; still bytes, so it can be expanded again.
 [[nodiscard]] std::string tildePath(std::string_view path);
 
-/// UTF-8 for showing: every byte that is not part of valid UTF-8 becomes U+FFFD.
+/// UTF-8 for showing: every byte that is not part of valid UTF-8 becomes one U+FFFD.
 [[nodiscard]] std::string displayText(std::string_view bytes);
 
 /// For a path that is not UTF-8: its bad bytes and "%" percent-encoded (RFC 3986), so that it can
 /// be told apart and decoded; nothing where the path is UTF-8.
 [[nodiscard]] std::optional<std::string> rawPath(std::string_view bytes);
 
-/// For one line of a terminal: `displayText` with control characters replaced by U+FFFD.
+/// For one line of a terminal: `displayText` with U+FFFD for what steers a terminal or reorders the
+/// line: control characters, line and paragraph separators, embedded writing directions.
 [[nodiscard]] std::string displayLine(std::string_view bytes);
 
 } // namespace zolva

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace zolva {
@@ -8,5 +9,9 @@ namespace zolva {
 /// Doubled and trailing slashes are tidied; no link is resolved; never empty ("/" at the least).
 /// Any thread, as long as nobody changes the environment meanwhile.
 [[nodiscard]] std::string homeFolder();
+
+/// The home folder that the named account has in the system's list of accounts, tidied likewise;
+/// nothing if there is no such account, or none with an absolute home. Any thread.
+[[nodiscard]] std::optional<std::string> accountHome(const std::string& user);
 
 } // namespace zolva

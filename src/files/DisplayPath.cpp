@@ -1,0 +1,143 @@
+#include "files/DisplayPath.h"
+
+#include "files/HomeFolder.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace zolva {
+
+namespace {
+
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
+
+std::uint8_t byteAt(std::string_view text, std::size_t index)
+{
+    return static_cast<std::uint8_t>(text[index]);
+}
+
+/// How many bytes the character at the start of the text takes; 0 where it is not UTF-8 (RFC 3629:
+/// no overlong forms, no surrogates, nothing above U+10FFFF).
+std::size_t characterLength(std::string_view text)
+{
+    const std::uint8_t lead = byteAt(text, 0);
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead < 0xC2 || lead > 0xF4) {
+        return 0;
+    }
+    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (text.size() < length) {
+        return 0;
+    }
+    // The bounds of the second byte are what shuts out overlong forms, surrogates and the rest.
+    const std::uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    const std::uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    if (byteAt(text, 1) < low || byteAt(text, 1) > high) {
+        return 0;
+    }
+    for (std::size_t index = 2; index < length; ++index) {
+        if ((byteAt(text, index) & 0xC0) != 0x80) {
+            return 0;
+        }
+    }
+    return length;
+}
+
+/// Walks the text; `bad(byte)` and `good(character)` append what stands for each.
+template <typename Bad, typename Good>
+std::string rewritten(std::string_view bytes, const Bad& bad, const Good& good)
+{
+    std::string result;
+    result.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t length = characterLength(bytes);
+        if (length == 0) {
+            bad(result, byteAt(bytes, 0));
+        } else {
+            good(result, bytes.substr(0, length));
+        }
+        bytes.remove_prefix(length == 0 ? 1 : length);
+    }
+    return result;
+}
+
+bool steersTerminal(std::string_view character)
+{
+    const std::uint8_t lead = byteAt(character, 0);
+    if (character.size() == 1) {
+        return lead < 0x20 || lead == 0x7F;
+    }
+    if (character.size() == 2) {
+        return lead == 0xC2 && byteAt(character, 1) < 0xA0; // U+0080 to U+009F
+    }
+    if (character.size() == 3 && lead == 0xE2) {
+        const std::uint8_t second = byteAt(character, 1);
+        const std::uint8_t third = byteAt(character, 2);
+        return (second == 0x80 && third >= 0xA8 && third <= 0xAE) || // U+2028 to U+202E
+               (second == 0x81 && third >= 0xA6 && third <= 0xA9);   // U+2066 to U+2069
+    }
+    return false;
+}
+
+void appendReplacement(std::string& result, std::uint8_t)
+{
+    result.append(replacement);
+}
+
+void appendPercent(std::string& result, std::uint8_t byte)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    result.push_back('%');
+    result.push_back(digits[byte >> 4U]);
+    result.push_back(digits[byte & 0x0FU]);
+}
+
+} // namespace
+
+std::string tildePath(std::string_view path)
+{
+    const std::string home = homeFolder();
+    if (path == home) {
+        return "~";
+    }
+    if (path.starts_with(home) && path[home.size()] == '/') {
+        return "~" + std::string(path.substr(home.size()));
+    }
+    return std::string(path);
+}
+
+std::string displayText(std::string_view bytes)
+{
+    return rewritten(bytes, appendReplacement, [](std::string& result, std::string_view character) {
+        result.append(character);
+    });
+}
+
+std::optional<std::string> rawPath(std::string_view bytes)
+{
+    bool anyBad = false;
+    const auto bad = [&anyBad](std::string& result, std::uint8_t byte) {
+        anyBad = true;
+        appendPercent(result, byte);
+    };
+    const auto good = [](std::string& result, std::string_view character) {
+        if (character == "%") {
+            appendPercent(result, '%');
+        } else {
+            result.append(character);
+        }
+    };
+    std::string encoded = rewritten(bytes, bad, good);
+    return anyBad ? std::optional(std::move(encoded)) : std::nullopt;
+}
+
+std::string displayLine(std::string_view bytes)
+{
+    return rewritten(bytes, appendReplacement, [](std::string& result, std::string_view character) {
+        result.append(steersTerminal(character) ? replacement : character);
+    });
+}
+
+} // namespace zolva

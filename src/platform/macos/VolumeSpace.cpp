@@ -1,0 +1,36 @@
+#include "platform/VolumeSpace.h"
+
+#include <sys/mount.h>
+#include <sys/param.h>
+
+#include <limits>
+
+namespace zolva {
+
+namespace {
+
+/// Some network file systems tell more than 63 bits can hold.
+std::int64_t bytesOf(std::uint64_t blocks, std::uint64_t blockSize)
+{
+    std::uint64_t bytes = 0;
+    constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    if (__builtin_mul_overflow(blocks, blockSize, &bytes) || bytes > most) {
+        bytes = most;
+    }
+    return static_cast<std::int64_t>(bytes);
+}
+
+} // namespace
+
+VolumeSpace volumeSpace(const std::string& path)
+{
+    // statfs and not statvfs, whose block counts have 32 bits here.
+    struct statfs volume
+    {};
+    if (::statfs(path.c_str(), &volume) != 0) {
+        return {};
+    }
+    return {bytesOf(volume.f_bavail, volume.f_bsize), bytesOf(volume.f_blocks, volume.f_bsize)};
+}
+
+} // namespace zolva
