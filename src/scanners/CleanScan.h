@@ -29,8 +29,8 @@ extern const std::array<std::string_view, 12> protectedCacheNames;
 /// Bytes below which neither a path nor a category is shown.
 inline constexpr std::int64_t minimumBytes = 1'000'000;
 
-/// The whole catalog, largest first.
-[[nodiscard]] std::vector<Category> scanCategories();
+/// The whole catalog, largest first, equal totals in catalog order.
+[[nodiscard]] std::vector<Category> scanCategories(std::int64_t floor = minimumBytes);
 
 /// One row; nothing where it falls short of the floor.
 [[nodiscard]] std::optional<Category> scanCategory(std::string_view name, std::string_view desc,

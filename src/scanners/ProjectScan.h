@@ -20,7 +20,6 @@ extern const std::array<std::string_view, 5> prunedFolderNames;
 inline constexpr std::int64_t artifactFloor = 1'000'000;
 
 /// Largest first, equal sizes in the order found.
-[[nodiscard]] std::vector<Project> scanProjects(TimePoint now,
-                                                std::int64_t floor = artifactFloor);
+[[nodiscard]] std::vector<Project> scanProjects(TimePoint now, std::int64_t floor = artifactFloor);
 
 } // namespace zolva
