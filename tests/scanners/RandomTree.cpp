@@ -1,0 +1,146 @@
+#include "scanners/RandomTree.h"
+
+#include "scanners/ReservedFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace zolva::test {
+
+namespace fs = std::filesystem;
+
+RandomTree::RandomTree(std::string top, unsigned seed, std::vector<std::string> names)
+    : m_top(std::move(top)), m_random(seed), m_names(std::move(names))
+{
+    fs::create_directories(m_top);
+    made(m_top);
+}
+
+RandomTree::~RandomTree()
+{
+    for (const std::string& folder : m_closed) {
+        ::chmod(folder.c_str(), 0700);
+    }
+}
+
+unsigned RandomTree::pick(unsigned bound)
+{
+    return static_cast<unsigned>(m_random() % bound);
+}
+
+bool RandomTree::chance(unsigned percent)
+{
+    return pick(100) < percent;
+}
+
+void RandomTree::growPlace(const std::string& path, unsigned depth)
+{
+    const unsigned lot = pick(100);
+    std::error_code ignored;
+    if (lot < 15) {
+        return;
+    }
+    fs::create_directories(fs::path(path).parent_path(), ignored);
+    if (lot < 20) {
+        growFile(path);
+    } else if (lot < 30) {
+        const std::string elsewhere = m_top + "/elsewhere" + std::to_string(m_made.size());
+        growFolder(elsewhere, depth);
+        if (::symlink(elsewhere.c_str(), path.c_str()) == 0) {
+            made(path);
+        }
+    } else if (lot < 35) {
+        growLink(path);
+    } else {
+        growFolder(path, depth);
+    }
+}
+
+void RandomTree::growFolder(const std::string& path, unsigned depth)
+{
+    std::error_code failed;
+    fs::create_directories(path, failed);
+    if (failed) {
+        return;
+    }
+    made(path);
+    for (unsigned left = pick(6); left > 0; --left) {
+        growThing(path + "/" + m_names[pick(static_cast<unsigned>(m_names.size()))], depth);
+    }
+    if (chance(5)) {
+        m_closed.push_back(path);
+    }
+}
+
+void RandomTree::growFile(const std::string& path)
+{
+    if (fs::is_directory(fs::symlink_status(fs::path(path).parent_path())) &&
+        !fs::exists(fs::symlink_status(path))) {
+        reserveFileAt(path, static_cast<std::int64_t>(pick(5)) * 4096);
+        made(path);
+    }
+}
+
+void RandomTree::growThing(const std::string& path, unsigned depth)
+{
+    if (fs::exists(fs::symlink_status(path))) {
+        return;
+    }
+    const unsigned lot = pick(100);
+    if (depth > 1 && lot < 45) {
+        growFolder(path, depth - 1);
+    } else if (lot < 75) {
+        growFile(path);
+    } else if (lot < 90) {
+        growLink(path);
+    } else if (lot < 93) {
+        reserveFileAt(path, 0);
+        fs::resize_file(path, 5'000'000);
+        made(path);
+    } else if (lot < 96) {
+        if (::mkfifo(path.c_str(), 0644) == 0) {
+            made(path);
+        }
+    } else if (lot < 98) {
+        socketAt(path);
+        made(path);
+    } else {
+        fs::create_directory(path);
+        made(path);
+    }
+}
+
+void RandomTree::growLink(const std::string& path)
+{
+    const std::string earlier = m_made[pick(static_cast<unsigned>(m_made.size()))];
+    const bool hard = chance(40) && fs::is_regular_file(fs::symlink_status(earlier));
+    const std::string target = chance(20) ? "nowhere" : earlier;
+    const int failed =
+        hard ? ::link(earlier.c_str(), path.c_str()) : ::symlink(target.c_str(), path.c_str());
+    if (failed == 0) {
+        made(path);
+    }
+}
+
+void RandomTree::finish(long long now)
+{
+    for (const std::string& path : m_made) {
+        const auto seconds = static_cast<long long>(pick(33 * 86400));
+        const timespec stamp{static_cast<time_t>(now + 3LL * 86400 - seconds),
+                             static_cast<long>(pick(1'000'000'000))};
+        const timespec times[2] = {stamp, stamp};
+        ::utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW);
+    }
+    // Children were chosen before their parents, so each can still be reached when it is closed.
+    for (const std::string& folder : m_closed) {
+        ::chmod(folder.c_str(), 0);
+    }
+    m_closed = {m_closed.rbegin(), m_closed.rend()};
+}
+
+} // namespace zolva::test
