@@ -36,7 +36,7 @@ Progress::~Progress()
     }
 }
 
-std::function<void(const WalkProgress&)> Progress::teller()
+WalkProgressTold Progress::teller()
 {
     m_before = {m_before.files + m_now.files, m_before.bytes + m_now.bytes};
     m_now = {};

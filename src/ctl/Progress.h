@@ -2,8 +2,6 @@
 
 #include "files/TreeWalker.h"
 
-#include <functional>
-
 namespace zolva::ctl {
 
 /// One line on standard error that tells files and bytes so far, where that is a terminal; gone
@@ -17,7 +15,7 @@ public:
     Progress& operator=(const Progress&) = delete;
 
     /// For the next scan; empty where nobody looks. Must not be called after this is gone.
-    [[nodiscard]] std::function<void(const WalkProgress&)> teller();
+    [[nodiscard]] WalkProgressTold teller();
 
 private:
     void draw();

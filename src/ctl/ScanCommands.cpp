@@ -71,7 +71,7 @@ Answer clean(const Request& request)
     std::vector<Category> categories;
     {
         Progress progress;
-        categories = scanCategories(progress.teller());
+        categories = scanCategories(minimumBytes, progress.teller());
     }
     if (request.json) {
         return document(cleanJson(categories));

@@ -34,7 +34,7 @@ Sums sumsOf(const Request& request)
 {
     Progress progress;
     Sums sums;
-    for (const Category& category : scanCategories(progress.teller())) {
+    for (const Category& category : scanCategories(minimumBytes, progress.teller())) {
         for (const CatPath& path : category.paths) {
             sums.clean += path.prot || isExcluded(path.p, request.list) ? 0 : path.b;
         }
