@@ -38,23 +38,27 @@ std::string_view placeAt(std::string_view text)
 
 Arguments::Arguments(int argc, const char* const* argv)
 {
-    std::string command;
     bool onlyValues = false;
+    std::string_view lastOption;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        const bool number = command == "size" && looksNegative(argument);
+        const bool number = m_command == "size" && looksNegative(argument);
         if (!onlyValues && argument == "--") {
             onlyValues = true;
-            m_tokens.emplace_back(argument);
+            // Tokens look like no option; the mark is only good for ending a list before it.
+            if (lastOption == "--list") {
+                m_tokens.emplace_back(argument);
+            }
         } else if (!onlyValues && looksLikeOption(argument) && !number) {
             const std::size_t equals = argument.find('=');
-            m_tokens.emplace_back(argument.substr(0, equals));
+            lastOption = argument.substr(0, equals);
+            m_tokens.emplace_back(lastOption);
             if (equals != std::string_view::npos) {
                 m_tokens.push_back(remember(argument.substr(equals + 1)));
             }
-        } else if (!onlyValues && command.empty() && !argument.empty()) {
-            command = argument;
-            m_tokens.push_back(command);
+        } else if (!onlyValues && m_command.empty() && !argument.empty()) {
+            m_command = argument;
+            m_tokens.push_back(m_command);
         } else {
             m_tokens.push_back(remember(argument));
         }

@@ -18,6 +18,9 @@ public:
     /// What the library is to see: options, the command, and tokens; in reverse, as it wants them.
     [[nodiscard]] std::vector<std::string> reversedTokens() const;
 
+    /// As typed, not looked up; empty if there is none.
+    [[nodiscard]] const std::string& command() const { return m_command; }
+
     /// The value behind a token; nothing for anything else.
     [[nodiscard]] std::optional<std::string> value(std::string_view token) const;
 
@@ -27,6 +30,7 @@ public:
 private:
     std::string remember(std::string_view value);
 
+    std::string m_command;
     std::vector<std::string> m_values;
     std::vector<std::string> m_tokens;
 };

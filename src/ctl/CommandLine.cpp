@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -114,16 +115,18 @@ void addCommand(CLI::App& app, const Command& command)
 {
     CLI::App* sub = app.add_subcommand(command.name, command.about);
     sub->fallthrough();
+    sub->footer("With --json it prints one JSON document.");
     const int any = CLI::detail::expected_max_vector_size;
     if (command.operands != Operands::None) {
         const bool many = command.operands == Operands::Many;
         CLI::Option* operands = addValue(*sub, command.operandName, "");
-        operands->expected(1, many ? any : 1)->required(command.operands != Operands::AtMostOne);
-        operands->type_name("");
+        operands->expected(1, many ? any : 1)->allow_extra_args(many)->type_name("");
+        operands->required(command.operands != Operands::AtMostOne);
     }
     if (command.extra == Extra::List) {
         addValue(*sub, "--list", "the entries of the exclusion list (none without it)")
             ->expected(0, any)
+            ->allow_extra_args()
             ->type_name("ENTRY");
     }
     if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
@@ -158,6 +161,31 @@ Request requestOf(const CLI::App& app, const Command& command, const Arguments& 
     return request;
 }
 
+Answer wrongUsage(const std::string& message)
+{
+    return {{}, message + "\nSee zolvactl --help.", Exit::WrongUsage};
+}
+
+bool isCommand(const std::string& name)
+{
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const Command& command) { return name == command.name; });
+}
+
+std::string withoutCommand(const std::string& name)
+{
+    return name.empty() ? "a command is needed" : "there is no command " + displayLine(name);
+}
+
+std::string unexpected(const std::vector<std::string>& tokens, const Arguments& arguments)
+{
+    std::string message = "not expected:";
+    for (const std::string& token : tokens) {
+        message += " " + displayLine(arguments.value(token).value_or(token));
+    }
+    return message;
+}
+
 Answer answerTo(const Arguments& arguments)
 {
     CLI::App app("Shows where disk space went, and what of it can be given back safely.",
@@ -165,6 +193,9 @@ Answer answerTo(const Arguments& arguments)
     app.add_flag("--json")->description("Print one JSON document");
     app.set_version_flag("--version", "zolvactl " ZOLVA_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
+    app.footer("Each command tells its own arguments with --help.");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("Subcommands", "Commands");
     app.require_subcommand(1);
     for (const Command& command : commands) {
         addCommand(app, command);
@@ -180,12 +211,15 @@ Answer answerTo(const Arguments& arguments)
         return {app.help(), {}, Exit::Done};
     } catch (const CLI::CallForVersion& version) {
         return {std::string(version.what()) + "\n", {}, Exit::Done};
+    } catch (const CLI::ExtrasError&) {
+        return wrongUsage(unexpected(app.remaining(true), arguments));
     } catch (const CLI::ParseError& error) {
-        return {{}, arguments.readable(error.what()) + "\nSee zolvactl --help.", Exit::WrongUsage};
+        return wrongUsage(isCommand(arguments.command()) ? arguments.readable(error.what())
+                                                         : withoutCommand(arguments.command()));
     } catch (const WrongUsage& error) {
-        return {{}, std::string(error.what()) + "\nSee zolvactl --help.", Exit::WrongUsage};
+        return wrongUsage(error.what());
     }
-    return {{}, "no command", Exit::WrongUsage};
+    return wrongUsage(withoutCommand({}));
 }
 
 void complain(const std::string& message)

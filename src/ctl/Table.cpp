@@ -91,10 +91,12 @@ std::string shareText(std::int64_t part, std::int64_t whole)
     if (whole <= 0) {
         return {};
     }
+    const double percent = 100.0 * static_cast<double>(part) / static_cast<double>(whole);
+    if (percent > 0.0 && percent < 0.05) {
+        return "< 0.1 %";
+    }
     std::array<char, 32> text{};
-    const int length =
-        std::snprintf(text.data(), text.size(), "%.1f %%",
-                      100.0 * static_cast<double>(part) / static_cast<double>(whole));
+    const int length = std::snprintf(text.data(), text.size(), "%.1f %%", percent);
     return {text.data(), static_cast<std::size_t>(length)};
 }
 
