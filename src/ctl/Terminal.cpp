@@ -76,7 +76,7 @@ std::size_t codePoints(std::string_view text)
 bool canRedraw(int descriptor)
 {
     const std::string_view kind = variable("TERM");
-    return ::isatty(descriptor) == 1 && !kind.empty() && kind != "dumb";
+    return ::isatty(descriptor) == 1 && kind != "dumb";
 }
 
 Look lookOf(int descriptor)
