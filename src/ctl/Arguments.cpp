@@ -9,6 +9,8 @@ namespace zolva::ctl {
 
 namespace {
 
+constexpr std::string_view noValue = "none";
+
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -53,6 +55,11 @@ Arguments::Arguments(int argc, const char* const* argv)
             const std::size_t equals = argument.find('=');
             lastOption = argument.substr(0, equals);
             m_tokens.emplace_back(lastOption);
+            const bool alone = i + 1 == argc || looksLikeOption(argv[i + 1]);
+            if (argument == "--list" && alone) {
+                // An empty list, which the library cannot tell from a value that is missing.
+                m_tokens.emplace_back(noValue);
+            }
             if (equals != std::string_view::npos) {
                 m_tokens.push_back(remember(argument.substr(equals + 1)));
             }

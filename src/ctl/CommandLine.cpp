@@ -92,7 +92,7 @@ std::string valueOf(const CLI::App& app, const Arguments& arguments, const std::
     return *value;
 }
 
-/// All values given; what is no token stands for an option without any.
+/// All values given; what is no token stands for an empty list.
 std::vector<std::string> valuesOf(const CLI::App& app, const Arguments& arguments,
                                   const std::string& option)
 {
@@ -115,6 +115,7 @@ void addCommand(CLI::App& app, const Command& command)
 {
     CLI::App* sub = app.add_subcommand(command.name, command.about);
     sub->fallthrough();
+    sub->group("Commands");
     sub->footer("With --json it prints one JSON document.");
     const int any = CLI::detail::expected_max_vector_size;
     if (command.operands != Operands::None) {
@@ -125,7 +126,7 @@ void addCommand(CLI::App& app, const Command& command)
     }
     if (command.extra == Extra::List) {
         addValue(*sub, "--list", "the entries of the exclusion list (none without it)")
-            ->expected(0, any)
+            ->expected(1, any)
             ->allow_extra_args()
             ->type_name("ENTRY");
     }
@@ -195,7 +196,6 @@ Answer answerTo(const Arguments& arguments)
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.footer("Each command tells its own arguments with --help.");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Subcommands", "Commands");
     app.require_subcommand(1);
     for (const Command& command : commands) {
         addCommand(app, command);

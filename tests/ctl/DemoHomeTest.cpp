@@ -19,7 +19,6 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 using Json = nlohmann::ordered_json;
 
 Outcome makeDemoHome(std::vector<std::string> arguments)

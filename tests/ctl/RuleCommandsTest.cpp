@@ -50,7 +50,7 @@ TEST(CheckCommand, LeavesBracketsBracesAndPercentSignsInPathsAlone)
                                 "{'path':'{}','refusal':'not an absolute path'},"
                                 "{'path':'%%','refusal':'not an absolute path'},"
                                 "{'path':'@0','refusal':'not an absolute path'},"
-                                "{'path':'','refusal':'not an absolute path'}]}\n"));
+                                "{'path':'','refusal':'empty path'}]}\n"));
 }
 
 TEST(CheckCommand, TakesAPathThatBeginsWithADashAfterTheMark)

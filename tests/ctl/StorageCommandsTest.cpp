@@ -126,14 +126,14 @@ TEST(AnalyzeCommand, SaysNothingAboutAnEmptyFolder)
 TEST(AnalyzeCommand, ShowsSharesOfTheFolder)
 {
     TempTree tree;
-    tree.file("d/in/deep", 3'000'000);
-    tree.file("d/file", 1'000'000);
+    tree.file("d/in/deep", 3'072'000);
+    tree.file("d/file", 1'024'000);
     const Outcome outcome = zolvactl(tree.root(), {"analyze", tree.path("d")});
-    EXPECT_THAT(outcome.out, StartsWith("~/d  4.0 MB in 2 files\n\n"));
-    EXPECT_THAT(outcome.out, HasSubstr("  3.0 MB  ████████████      75.0 %  in/\n"));
+    EXPECT_THAT(outcome.out, StartsWith("~/d  4.1 MB in 2 files\n\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("  3.1 MB  ████████████      75.0 %  in/\n"));
     EXPECT_THAT(outcome.out, HasSubstr("  1.0 MB  ████              25.0 %  file\n"));
     EXPECT_THAT(outcome.out, HasSubstr("Largest files\n"
-                                       "  3.0 MB  ~/d/in/deep\n"
+                                       "  3.1 MB  ~/d/in/deep\n"
                                        "  1.0 MB  ~/d/file\n"));
 }
 
@@ -216,7 +216,7 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
                                     number(cache + target + image) + ",'blocked':['desktop']}\n"));
         const Outcome shown = zolvactl(tree.root(), {"summary"});
         EXPECT_THAT(shown.out, StartsWith("What can be given back in " + tree.root() + "\n\n"));
-        EXPECT_THAT(shown.out, HasSubstr("  Total             2.1 MB\n"));
+        EXPECT_THAT(shown.out, HasSubstr("  Total            2.1 MB\n"));
         EXPECT_THAT(shown.out, HasSubstr("Cannot look into: Desktop. The sums leave them out.\n"));
     });
 }
