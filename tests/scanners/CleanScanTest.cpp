@@ -195,7 +195,8 @@ TEST_F(CleanScan, EqualPathsKeepListingOrder)
         make("Library/Caches/app" + std::to_string(i), 4096);
     }
     Names expected;
-    for (const std::string& name : naive::namesIn(tree.path("Library/Caches")).value()) {
+    const Names listed = naive::namesIn(tree.path("Library/Caches")).value();
+    for (const std::string& name : listed) {
         expected.push_back("~/Library/Caches/" + name);
     }
     EXPECT_EQ(pathsOf(row("Library/Caches", true, 1)), expected);
@@ -365,7 +366,9 @@ TEST_F(CleanScan, TwoScansShareNoUuids)
     make("Library/Caches/b", 4096);
     std::vector<Uuid> seen;
     for (int scan = 0; scan < 2; ++scan) {
-        for (const CatPath& path : row("Library/Caches", true, 1).value().paths) {
+        const auto category = row("Library/Caches", true, 1);
+        ASSERT_TRUE(category);
+        for (const CatPath& path : category->paths) {
             EXPECT_EQ(std::ranges::find(seen, path.id), seen.end());
             seen.push_back(path.id);
         }

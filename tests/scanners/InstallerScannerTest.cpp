@@ -143,7 +143,8 @@ TEST_F(Installers, ItemsOfTheSameSizeInOneSourceKeepListingOrder)
         make("Downloads/" + std::to_string(i) + ".dmg");
     }
     Names expected;
-    for (const std::string& name : naive::namesIn(tree.path("Downloads")).value()) {
+    const Names listed = naive::namesIn(tree.path("Downloads")).value();
+    for (const std::string& name : listed) {
         expected.push_back("~/Downloads/" + name);
     }
     EXPECT_EQ(scannedPaths(), expected);
@@ -265,6 +266,8 @@ TEST(InstallerPath, EveryOccurrenceOfTheHomePathIsReplaced)
     EXPECT_EQ(InstallerScanner::shownPath("/home/ab/x.dmg", "/home/a"), "~b/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/a/a/a/a/x.dmg", "/a/a"), "~~/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/a/a/a/x.dmg", "/a/a"), "~/a/x.dmg");
+    // What was replaced is not read again.
+    EXPECT_EQ(InstallerScanner::shownPath("/a/a~bb/x.dmg", "/a~b"), "/a~b/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/other/x.dmg", "/home/a"), "/other/x.dmg");
 }
 

@@ -168,7 +168,8 @@ TEST_F(ProjectScan, EqualArtifactsOfOneRootKeepListingOrder)
         make("Code/app" + std::to_string(i) + "/build", 4096);
     }
     Names expected;
-    for (const std::string& name : naive::namesIn(tree.path("Code")).value()) {
+    const Names listed = naive::namesIn(tree.path("Code")).value();
+    for (const std::string& name : listed) {
         expected.push_back("~/Code/" + name + "/build");
     }
     EXPECT_EQ(keysOf(scanProjects(now, 1)), expected);

@@ -1,7 +1,5 @@
 #include "scanners/RandomTree.h"
 
-#include "scanners/ReservedFile.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,11 +12,12 @@ namespace zolva::test {
 
 namespace fs = std::filesystem;
 
-RandomTree::RandomTree(std::string top, unsigned seed, std::vector<std::string> names)
-    : m_top(std::move(top)), m_random(seed), m_names(std::move(names))
+RandomTree::RandomTree(std::string side, unsigned seed, std::vector<std::string> names,
+                       std::vector<std::string> pool)
+    : m_side(std::move(side)), m_random(seed), m_names(std::move(names)), m_pool(std::move(pool))
 {
-    fs::create_directories(m_top);
-    made(m_top);
+    fs::create_directories(m_side);
+    made(m_side);
 }
 
 RandomTree::~RandomTree()
@@ -42,19 +41,19 @@ void RandomTree::growPlace(const std::string& path, unsigned depth)
 {
     const unsigned lot = pick(100);
     std::error_code ignored;
-    if (lot < 15) {
+    if (lot < 30) {
         return;
     }
     fs::create_directories(fs::path(path).parent_path(), ignored);
-    if (lot < 20) {
+    if (lot < 35) {
         growFile(path);
-    } else if (lot < 30) {
-        const std::string elsewhere = m_top + "/elsewhere" + std::to_string(m_made.size());
+    } else if (lot < 45) {
+        const std::string elsewhere = m_side + "/elsewhere" + std::to_string(m_made.size());
         growFolder(elsewhere, depth);
         if (::symlink(elsewhere.c_str(), path.c_str()) == 0) {
             made(path);
         }
-    } else if (lot < 35) {
+    } else if (lot < 50) {
         growLink(path);
     } else {
         growFolder(path, depth);
@@ -79,9 +78,8 @@ void RandomTree::growFolder(const std::string& path, unsigned depth)
 
 void RandomTree::growFile(const std::string& path)
 {
-    if (fs::is_directory(fs::symlink_status(fs::path(path).parent_path())) &&
-        !fs::exists(fs::symlink_status(path))) {
-        reserveFileAt(path, static_cast<std::int64_t>(pick(5)) * 4096);
+    const std::string& file = m_pool[pick(static_cast<unsigned>(m_pool.size()))];
+    if (::link(file.c_str(), path.c_str()) == 0) {
         made(path);
     }
 }
@@ -92,23 +90,12 @@ void RandomTree::growThing(const std::string& path, unsigned depth)
         return;
     }
     const unsigned lot = pick(100);
-    if (depth > 1 && lot < 45) {
+    if (depth > 1 && lot < 35) {
         growFolder(path, depth - 1);
-    } else if (lot < 75) {
+    } else if (lot < 84) {
         growFile(path);
-    } else if (lot < 90) {
-        growLink(path);
-    } else if (lot < 93) {
-        reserveFileAt(path, 0);
-        fs::resize_file(path, 5'000'000);
-        made(path);
-    } else if (lot < 96) {
-        if (::mkfifo(path.c_str(), 0644) == 0) {
-            made(path);
-        }
     } else if (lot < 98) {
-        socketAt(path);
-        made(path);
+        growLink(path);
     } else {
         fs::create_directory(path);
         made(path);
