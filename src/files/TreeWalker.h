@@ -37,11 +37,13 @@ struct WalkProgress
     std::int64_t bytes = 0;
 };
 
+using WalkProgressTold = std::function<void(const WalkProgress&)>;
+
 struct WalkOptions
 {
-    unsigned threads = 0;                              ///< 0: as many as suit the machine
-    bool keepLargest = true;                           ///< off: `largest` stays empty
-    std::function<void(const WalkProgress&)> progress; ///< called from any thread, one at a time
+    unsigned threads = 0;      ///< 0: as many as suit the machine
+    bool keepLargest = true;   ///< off: `largest` stays empty
+    WalkProgressTold progress; ///< called from any thread, one at a time
 };
 
 /// One walk a root, in the order of the roots, which may repeat, nest and overlap: every tree is

@@ -266,6 +266,8 @@ TEST(InstallerPath, EveryOccurrenceOfTheHomePathIsReplaced)
     EXPECT_EQ(InstallerScanner::shownPath("/home/ab/x.dmg", "/home/a"), "~b/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/a/a/a/a/x.dmg", "/a/a"), "~~/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/a/a/a/x.dmg", "/a/a"), "~/a/x.dmg");
+    // What was replaced is not read again.
+    EXPECT_EQ(InstallerScanner::shownPath("/a/a~bb/x.dmg", "/a~b"), "/a~b/x.dmg");
     EXPECT_EQ(InstallerScanner::shownPath("/other/x.dmg", "/home/a"), "/other/x.dmg");
 }
 

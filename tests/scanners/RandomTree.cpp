@@ -1,7 +1,5 @@
 #include "scanners/RandomTree.h"
 
-#include "scanners/ReservedFile.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -94,17 +92,10 @@ void RandomTree::growThing(const std::string& path, unsigned depth)
     const unsigned lot = pick(100);
     if (depth > 1 && lot < 35) {
         growFolder(path, depth - 1);
-    } else if (lot < 80) {
+    } else if (lot < 84) {
         growFile(path);
-    } else if (lot < 90) {
+    } else if (lot < 98) {
         growLink(path);
-    } else if (lot < 94) {
-        if (::mkfifo(path.c_str(), 0644) == 0) {
-            made(path);
-        }
-    } else if (lot < 97) {
-        socketAt(path);
-        made(path);
     } else {
         fs::create_directory(path);
         made(path);

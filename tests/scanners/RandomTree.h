@@ -6,14 +6,14 @@
 
 namespace zolva::test {
 
-/// Grows small trees of every kind of thing: files of whole blocks, holes, hard and symbolic links,
-/// fifos, sockets, empty and unreadable folders. The same seed gives the same tree. All paths are
-/// full ones; what cannot stand where it should (a folder below a file) is left out.
+/// Grows small trees of every kind of thing: files of whole blocks, what else the pool holds, hard
+/// and symbolic links, empty and unreadable folders. The same seed gives the same tree. All paths
+/// are full ones; what cannot stand where it should (a folder below a file) is left out.
 class RandomTree
 {
 public:
-    /// Files are links to those of `pool`, since new ones are dear on some disks. What links lead
-    /// to stands in `side`, which is made.
+    /// Whatever is no folder and no link is a hard link to something in `pool`, since new things
+    /// are dear on some disks. What links lead to stands in `side`, which is made.
     RandomTree(std::string side, unsigned seed, std::vector<std::string> names,
                std::vector<std::string> pool);
     /// Opens what `finish` closed, so that the tree can be moved and removed.
@@ -29,7 +29,7 @@ public:
     void growPlace(const std::string& path, unsigned depth);
     /// A folder with some things of random names, at most `depth` folders deep.
     void growFolder(const std::string& path, unsigned depth);
-    /// A file out of the pool.
+    /// Something out of the pool.
     void growFile(const std::string& path);
 
     /// Gives everything a date within 30 days before and 3 days after `now` (seconds of the epoch),

@@ -59,14 +59,17 @@ struct Campaign
     std::vector<std::string> names;
 };
 
-/// Files of none to four blocks, and one that is a hole.
-std::vector<std::string> filePool(TempTree& tree)
+/// Files of none to four blocks, one that is a hole, a fifo and a socket.
+std::vector<std::string> thingsToLink(TempTree& tree)
 {
     std::vector<std::string> pool;
     for (std::int64_t file = 0; file < 15; ++file) {
         pool.push_back(reservedFile(tree, "pool/" + std::to_string(file), (file % 5) * 4096));
     }
     std::filesystem::resize_file(pool.front(), 5'000'000);
+    pool.push_back(tree.fifo("pool/fifo"));
+    pool.push_back(tree.path("pool/socket"));
+    socketAt(pool.back());
     return pool;
 }
 
@@ -77,7 +80,7 @@ void onRandomHomes(const Campaign& campaign,
 {
     withoutOverridingPermissions([&] {
         TempTree tree;
-        const std::vector<std::string> pool = filePool(tree);
+        const std::vector<std::string> pool = thingsToLink(tree);
         const std::string home = tree.folder("home");
         std::size_t rows = 0;
         for (unsigned seed = 1; seed <= campaign.homes; ++seed) {
@@ -300,7 +303,7 @@ TEST(ScanOracle, ProjectsAreThoseOfThePlainScanOnRandomHomes)
     const Campaign campaign{
         .homes = 200,
         .places = {"Development", "Projects", "dev", "GitHub", "Code", "Sites", "src", "repos"},
-        .depth = 4,
+        .depth = 3,
         .names = {"app", "lib", "node_modules", "dist", "build", ".git", ".idea", "target",
                   ".hidden", "\xff", "x\ny", ".venv", "Build", "node_modules2"}};
     onRandomHomes(campaign, [](unsigned seed, const std::string& home) {
