@@ -19,8 +19,10 @@ namespace {
 class Vandal
 {
 public:
-    std::string damaged(std::string line)
+    /// Mostly pieces of the line, which take little time, and now and then the whole.
+    std::string damaged(const std::string& good)
     {
+        std::string line = below(64) == 0 ? good : good.substr(below(good.size()), below(100));
         for (std::size_t i = below(3); i < 3; ++i) {
             damageOnce(line);
         }
@@ -100,7 +102,7 @@ TEST(MalformedLines, AMillionOfThemLeaveTheProcessStandingAndTheNextGoodLineDeco
             EXPECT_FALSE(status.error().empty());
         }
     };
-    const std::int64_t count = bySize(200'000, 1'000'000);
+    const std::int64_t count = bySize(1'000'000, 50'000'000);
     for (std::int64_t i = 1; i <= count; ++i) {
         splitter.feed(vandal.damaged(good) + "\n", told);
         if (i % 1000 == 0) {
@@ -110,7 +112,7 @@ TEST(MalformedLines, AMillionOfThemLeaveTheProcessStandingAndTheNextGoodLineDeco
         }
     }
     EXPECT_EQ(failed + decoded, count + count / 1000);
-    EXPECT_GT(failed, count / 2);
+    EXPECT_GT(failed, count / 100 * 99);
 }
 
 } // namespace zolva::test
