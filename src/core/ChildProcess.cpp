@@ -1,23 +1,8 @@
 #include "core/ChildProcess.h"
 
 #include "async/Unawaited.h"
-#include "platform/ChildGroup.h"
-
-#include <QPointer>
 
 namespace zolva {
-
-namespace {
-
-QCoro::Task<> killAfterGrace(Clock* clock, QPointer<ChildProcess> child, qint64 group)
-{
-    co_await clock->sleep(ChildProcess::grace);
-    if (child && child->isRunning()) {
-        signalGroup(group, GroupSignal::Kill);
-    }
-}
-
-} // namespace
 
 ChildProcess::ChildProcess(Clock& clock, QObject* parent)
     : QObject(parent), m_clock(clock), m_process(std::make_unique<QProcess>())
@@ -64,27 +49,35 @@ bool ChildProcess::isRunning() const
 
 void ChildProcess::terminate()
 {
-    if (!isRunning() || m_ending) {
-        return;
-    }
-    m_ending = true;
-    // Before its program runs, the child is still a copy of this process, signal handlers included.
-    if (m_process->state() == QProcess::Running) {
-        endGroup();
+    if (isRunning() && !m_sent) {
+        signalAll(GroupSignal::Terminate);
+        unawaited(killAfterGrace(&m_clock, this));
     }
 }
 
-void ChildProcess::endGroup()
+QCoro::Task<> ChildProcess::killAfterGrace(Clock* clock, QPointer<ChildProcess> child)
 {
-    signalGroup(m_group, GroupSignal::Terminate);
-    unawaited(killAfterGrace(&m_clock, this, m_group));
+    co_await clock->sleep(grace);
+    if (child && child->isRunning()) {
+        child->signalAll(GroupSignal::Kill);
+    }
+}
+
+void ChildProcess::signalAll(GroupSignal signal)
+{
+    m_sent = signal;
+    // Before its program runs, the child is still a copy of this process, signal handlers included,
+    // and perhaps in this process's group.
+    if (m_process->state() == QProcess::Running) {
+        signalGroup(m_process->processId(), signal);
+    }
 }
 
 void ChildProcess::handleStart()
 {
     m_group = m_process->processId();
-    if (m_ending) {
-        endGroup();
+    if (m_sent) {
+        signalAll(*m_sent);
     }
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "async/Clock.h"
+#include "platform/ChildGroup.h"
 
 #include <QByteArray>
+#include <QCoroTask>
 #include <QObject>
+#include <QPointer>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
@@ -11,6 +14,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 namespace zolva {
 
@@ -57,12 +61,13 @@ private:
     void handleError(QProcess::ProcessError error);
     void handleStart();
     void handleEnd(int status);
-    void endGroup();
+    void signalAll(GroupSignal signal);
+    static QCoro::Task<> killAfterGrace(Clock* clock, QPointer<ChildProcess> child);
 
     Clock& m_clock;
     std::unique_ptr<QProcess> m_process;
-    qint64 m_group = 0; ///< the child's process id, once it runs its program
-    bool m_ending = false;
+    qint64 m_group = 0;                ///< the child's process id, once it runs its program
+    std::optional<GroupSignal> m_sent; ///< the last one asked for
 };
 
 } // namespace zolva
