@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace zolva::test {
@@ -13,17 +13,22 @@ namespace zolva::test {
 namespace fs = std::filesystem;
 
 RandomTree::RandomTree(std::string side, unsigned seed, std::vector<std::string> names,
-                       std::vector<std::string> pool)
-    : m_side(std::move(side)), m_random(seed), m_names(std::move(names)), m_pool(std::move(pool))
+                       TreeStock& stock)
+    : m_side(std::move(side)), m_random(seed), m_names(std::move(names)), m_stock(stock)
 {
-    fs::create_directories(m_side);
-    made(m_side);
+    makeFolder(m_side);
 }
 
 RandomTree::~RandomTree()
 {
     for (const std::string& folder : m_closed) {
         ::chmod(folder.c_str(), 0700);
+    }
+    for (auto path = m_made.rbegin(); path != m_made.rend(); ++path) {
+        const std::string spare = m_stock.attic + "/" + std::to_string(m_stock.folders.size());
+        if (::unlink(path->c_str()) != 0 && ::rename(path->c_str(), spare.c_str()) == 0) {
+            m_stock.folders.push_back(spare);
+        }
     }
 }
 
@@ -40,11 +45,10 @@ bool RandomTree::chance(unsigned percent)
 void RandomTree::growPlace(const std::string& path, unsigned depth)
 {
     const unsigned lot = pick(100);
-    std::error_code ignored;
     if (lot < 30) {
         return;
     }
-    fs::create_directories(fs::path(path).parent_path(), ignored);
+    makeParents(path);
     if (lot < 35) {
         growFile(path);
     } else if (lot < 45) {
@@ -60,14 +64,38 @@ void RandomTree::growPlace(const std::string& path, unsigned depth)
     }
 }
 
-void RandomTree::growFolder(const std::string& path, unsigned depth)
+bool RandomTree::makeFolder(const std::string& path)
 {
-    std::error_code failed;
-    fs::create_directories(path, failed);
-    if (failed) {
-        return;
+    if (fs::exists(fs::symlink_status(path))) {
+        return fs::is_directory(fs::symlink_status(path));
+    }
+    if (m_stock.folders.empty()) {
+        if (::mkdir(path.c_str(), 0755) != 0) {
+            return false;
+        }
+    } else if (::rename(m_stock.folders.back().c_str(), path.c_str()) == 0) {
+        m_stock.folders.pop_back();
+    } else {
+        return false;
     }
     made(path);
+    return true;
+}
+
+void RandomTree::makeParents(const std::string& path)
+{
+    const std::string parent = fs::path(path).parent_path();
+    if (!fs::exists(parent)) {
+        makeParents(parent);
+        makeFolder(parent);
+    }
+}
+
+void RandomTree::growFolder(const std::string& path, unsigned depth)
+{
+    if (!makeFolder(path)) {
+        return;
+    }
     for (unsigned left = pick(6); left > 0; --left) {
         growThing(path + "/" + m_names[pick(static_cast<unsigned>(m_names.size()))], depth);
     }
@@ -78,7 +106,7 @@ void RandomTree::growFolder(const std::string& path, unsigned depth)
 
 void RandomTree::growFile(const std::string& path)
 {
-    const std::string& file = m_pool[pick(static_cast<unsigned>(m_pool.size()))];
+    const std::string& file = m_stock.things[pick(static_cast<unsigned>(m_stock.things.size()))];
     if (::link(file.c_str(), path.c_str()) == 0) {
         made(path);
     }
@@ -97,8 +125,7 @@ void RandomTree::growThing(const std::string& path, unsigned depth)
     } else if (lot < 98) {
         growLink(path);
     } else {
-        fs::create_directory(path);
-        made(path);
+        makeFolder(path);
     }
 }
 

@@ -60,17 +60,19 @@ struct Campaign
 };
 
 /// Files of none to four blocks, one that is a hole, a fifo and a socket.
-std::vector<std::string> thingsToLink(TempTree& tree)
+TreeStock stockIn(TempTree& tree)
 {
-    std::vector<std::string> pool;
+    TreeStock stock;
     for (std::int64_t file = 0; file < 15; ++file) {
-        pool.push_back(reservedFile(tree, "pool/" + std::to_string(file), (file % 5) * 4096));
+        stock.things.push_back(
+            reservedFile(tree, "things/" + std::to_string(file), (file % 5) * 4096));
     }
-    std::filesystem::resize_file(pool.front(), 5'000'000);
-    pool.push_back(tree.fifo("pool/fifo"));
-    pool.push_back(tree.path("pool/socket"));
-    socketAt(pool.back());
-    return pool;
+    std::filesystem::resize_file(stock.things.front(), 5'000'000);
+    stock.things.push_back(tree.fifo("things/fifo"));
+    stock.things.push_back(tree.path("things/socket"));
+    socketAt(stock.things.back());
+    stock.attic = tree.folder("attic");
+    return stock;
 }
 
 /// Runs `check` on random homes, in a process that permission bits bind. It returns the number of
@@ -80,28 +82,20 @@ void onRandomHomes(const Campaign& campaign,
 {
     withoutOverridingPermissions([&] {
         TempTree tree;
-        const std::vector<std::string> pool = thingsToLink(tree);
+        TreeStock stock = stockIn(tree);
         const std::string home = tree.folder("home");
         std::size_t rows = 0;
         for (unsigned seed = 1; seed <= campaign.homes; ++seed) {
-            const std::string old = tree.folder("old/" + std::to_string(seed));
-            {
-                RandomTree grown(old + "/side", seed, campaign.names, pool);
-                for (const std::string& place : campaign.places) {
-                    grown.growPlace(home + "/" + place, campaign.depth);
-                }
-                grown.finish(nowSeconds);
-                // Now and then a home of odd text, below which nothing may be touched.
-                const std::string text = seed % 25 == 0 ? home + "/../home" : home;
-                const ScopedHome scoped(text);
-                rows += check(seed, text);
+            RandomTree grown(home + "/side", seed, campaign.names, stock);
+            for (const std::string& place : campaign.places) {
+                grown.growPlace(home + "/" + place, campaign.depth);
             }
+            grown.finish(nowSeconds);
+            // Now and then a home of odd text, below which nothing may be touched.
+            const std::string text = seed % 25 == 0 ? home + "/../home" : home;
+            const ScopedHome scoped(text);
+            rows += check(seed, text);
             ASSERT_FALSE(::testing::Test::HasFailure());
-            for (std::size_t place = 0; place < campaign.places.size(); ++place) {
-                std::error_code missing;
-                std::filesystem::rename(home + "/" + campaign.places[place],
-                                        old + "/" + std::to_string(place), missing);
-            }
         }
         EXPECT_GT(rows, std::size_t{campaign.homes} / 2) << "too little to compare";
     });
