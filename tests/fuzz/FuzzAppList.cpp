@@ -1,30 +1,24 @@
+#include "fuzz/FuzzInput.h"
+
 #include "files/DisplayPath.h"
 #include "scanners/AppInventory.h"
 
 #include <nlohmann/json.hpp>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-
-/// Whatever the bytes: an answer and no exception; only true JSON is accepted, and an error is a
-/// short text in UTF-8.
+/// Any bytes as a list of applications: an answer and no exception.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    using zolva::fuzz::must;
+    const std::string_view bytes = zolva::fuzz::textOf(data, size);
     const auto apps = zolva::decodeAppList(bytes);
     const bool isJson = bytes.find('\0') == std::string_view::npos &&
                         nlohmann::json::accept(bytes.begin(), bytes.end());
-    if (apps) {
-        if (!isJson) {
-            std::abort();
-        }
-        return 0;
-    }
-    const std::string& error = apps.error();
-    if (error.empty() || error.size() > 200 || zolva::displayText(error) != error ||
-        (isJson && error.starts_with("not JSON"))) {
-        std::abort();
+    must(!apps || isJson, "only JSON is accepted");
+    if (!apps) {
+        const std::string& error = apps.error();
+        must(!error.empty() && error.size() < 200, "an error is a short text");
+        must(zolva::displayText(error) == error, "an error is UTF-8");
+        must(!isJson || !error.starts_with("not JSON"), "what is JSON is not told to be none");
     }
     return 0;
 }
