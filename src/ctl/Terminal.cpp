@@ -6,7 +6,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
-#include <locale.h>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale is not in <clocale>
 
 namespace zolva::ctl {
 

@@ -42,7 +42,8 @@ std::string absolutePath(std::string_view typed)
             result = resolved(result + "/..");
             result = result == "/" ? std::string() : result;
         } else if (!part.empty() && part != ".") {
-            result += "/" + part;
+            result += '/';
+            result += part;
         }
     }
     return result.empty() ? "/" : result;
