@@ -390,6 +390,7 @@ TEST(StatusDecoder, AnUnknownKeyChangesNothing)
     const auto status = decoded(document);
     ASSERT_TRUE(status) << status.error();
     EXPECT_EQ(status->cpu.usage, 12.5);
+    EXPECT_EQ(json::parse(status->document), document);
 }
 
 TEST(StatusDecoder, EmptyListsAreValidWhereTheKeyMustBeThere)
