@@ -11,7 +11,7 @@ namespace zolva::test {
 
 namespace {
 
-using LiveScansOf = LiveModel;
+using LiveScanGuards = LiveModel;
 
 std::vector<Category> categories(const std::string& name)
 {
@@ -48,7 +48,7 @@ void inEveryOrder(const std::function<void(const Order&)>& check)
 
 } // namespace
 
-TEST_F(LiveScansOf, ACleanScanWithoutForceKeepsAResultThatIsHeld)
+TEST_F(LiveScanGuards, ACleanScanWithoutForceKeepsAResultThatIsHeld)
 {
     EXPECT_TRUE(live->clean().isIdle());
     unawaited(live->scanClean(false));
@@ -62,7 +62,7 @@ TEST_F(LiveScansOf, ACleanScanWithoutForceKeepsAResultThatIsHeld)
     EXPECT_TRUE(live->clean().isLoading());
 }
 
-TEST_F(LiveScansOf, AForcedCleanScanDuringARunningOneDropsTheFirstResult)
+TEST_F(LiveScanGuards, AForcedCleanScanDuringARunningOneDropsTheFirstResult)
 {
     unawaited(live->scanClean(true));
     unawaited(live->scanClean(true));
@@ -73,7 +73,7 @@ TEST_F(LiveScansOf, AForcedCleanScanDuringARunningOneDropsTheFirstResult)
     EXPECT_EQ(live->clean().value()->at(0).name, "second");
 }
 
-TEST_F(LiveScansOf, AScanUnderWayIsNoReasonToStopEvenWithoutForce)
+TEST_F(LiveScanGuards, AScanUnderWayIsNoReasonToStopEvenWithoutForce)
 {
     unawaited(live->scanClean(false));
     unawaited(live->scanClean(false));
@@ -83,7 +83,7 @@ TEST_F(LiveScansOf, AScanUnderWayIsNoReasonToStopEvenWithoutForce)
     EXPECT_EQ(held.purge.count(), 2U);
 }
 
-TEST_F(LiveScansOf, OfThreeCleanScansTheLastOneCountsInWhateverOrderTheyArrive)
+TEST_F(LiveScanGuards, OfThreeCleanScansTheLastOneCountsInWhateverOrderTheyArrive)
 {
     std::size_t first = 0;
     inEveryOrder([&](const Order& order) {
@@ -101,7 +101,7 @@ TEST_F(LiveScansOf, OfThreeCleanScansTheLastOneCountsInWhateverOrderTheyArrive)
     });
 }
 
-TEST_F(LiveScansOf, OfThreePurgeScansTheLastOneCountsInWhateverOrderTheyArrive)
+TEST_F(LiveScanGuards, OfThreePurgeScansTheLastOneCountsInWhateverOrderTheyArrive)
 {
     std::size_t first = 0;
     inEveryOrder([&](const Order& order) {
@@ -119,7 +119,7 @@ TEST_F(LiveScansOf, OfThreePurgeScansTheLastOneCountsInWhateverOrderTheyArrive)
     });
 }
 
-TEST_F(LiveScansOf, APurgeScanWithoutForceKeepsAResultThatIsHeld)
+TEST_F(LiveScanGuards, APurgeScanWithoutForceKeepsAResultThatIsHeld)
 {
     unawaited(live->scanPurge(false));
     held.purge.answer(0, projects("first"));
@@ -128,7 +128,7 @@ TEST_F(LiveScansOf, APurgeScanWithoutForceKeepsAResultThatIsHeld)
     EXPECT_EQ(live->purge().value()->at(0).p, "first");
 }
 
-TEST_F(LiveScansOf, CleanAndPurgeDoNotMindEachOther)
+TEST_F(LiveScanGuards, CleanAndPurgeDoNotMindEachOther)
 {
     unawaited(live->scanClean(true));
     unawaited(live->scanPurge(true));
@@ -138,7 +138,7 @@ TEST_F(LiveScansOf, CleanAndPurgeDoNotMindEachOther)
     EXPECT_TRUE(live->purge().isLoaded());
 }
 
-TEST_F(LiveScansOf, WhoAwaitsAScanSeesItsResult)
+TEST_F(LiveScanGuards, WhoAwaitsAScanSeesItsResult)
 {
     auto scan = live->scanClean(true);
     EXPECT_FALSE(scan.isReady());
@@ -147,7 +147,7 @@ TEST_F(LiveScansOf, WhoAwaitsAScanSeesItsResult)
     EXPECT_TRUE(live->clean().isLoaded());
 }
 
-TEST_F(LiveScansOf, AnAnalysisOfAnotherFolderDropsTheFirstResult)
+TEST_F(LiveScanGuards, AnAnalysisOfAnotherFolderDropsTheFirstResult)
 {
     unawaited(live->analyze("/first"));
     unawaited(live->analyze("/second"));
@@ -160,7 +160,7 @@ TEST_F(LiveScansOf, AnAnalysisOfAnotherFolderDropsTheFirstResult)
     EXPECT_EQ(live->analyzeFree(), 2);
 }
 
-TEST_F(LiveScansOf, OfThreeFoldersTheLastOneCountsInWhateverOrderTheyArrive)
+TEST_F(LiveScanGuards, OfThreeFoldersTheLastOneCountsInWhateverOrderTheyArrive)
 {
     std::size_t first = 0;
     inEveryOrder([&](const Order& order) {
@@ -178,7 +178,7 @@ TEST_F(LiveScansOf, OfThreeFoldersTheLastOneCountsInWhateverOrderTheyArrive)
     });
 }
 
-TEST_F(LiveScansOf, AnAnalysisWithoutAPathRepeatsTheLastOneAndBeginsWithTheOverview)
+TEST_F(LiveScanGuards, AnAnalysisWithoutAPathRepeatsTheLastOneAndBeginsWithTheOverview)
 {
     unawaited(live->analyze(std::nullopt));
     unawaited(live->analyze("/folder"));
@@ -188,7 +188,7 @@ TEST_F(LiveScansOf, AnAnalysisWithoutAPathRepeatsTheLastOneAndBeginsWithTheOverv
     EXPECT_EQ(live->analyzePath(), "");
 }
 
-TEST_F(LiveScansOf, ThePathIsTheGuardSoTwoAnalysesOfOneFolderBothCount)
+TEST_F(LiveScanGuards, ThePathIsTheGuardSoTwoAnalysesOfOneFolderBothCount)
 {
     unawaited(live->analyze("/folder"));
     unawaited(live->analyze("/folder"));
@@ -197,7 +197,7 @@ TEST_F(LiveScansOf, ThePathIsTheGuardSoTwoAnalysesOfOneFolderBothCount)
     EXPECT_EQ(live->analyzeFree(), 1);
 }
 
-TEST_F(LiveScansOf, ResultsThatArriveAfterTheEndOfTheStoreHarmNobody)
+TEST_F(LiveScanGuards, ResultsThatArriveAfterTheEndOfTheStoreHarmNobody)
 {
     unawaited(live->scanClean(true));
     unawaited(live->scanPurge(true));
