@@ -1,9 +1,13 @@
-#include "core/LiveModel.h"
+#include "core/LiveScans.h"
 
-#include <algorithm>
-#include <array>
-#include <functional>
-#include <optional>
+#include "support/ScopedHome.h"
+#include "support/TempTree.h"
+#include "support/qt/EventLoop.h"
+#include "support/qt/ManualClock.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -11,204 +15,81 @@ namespace zolva::test {
 
 namespace {
 
-using LiveScansOf = LiveModel;
-
-std::vector<Category> categories(const std::string& name)
+/// The real scans, on a home of their own.
+class BackgroundScans : public ::testing::Test
 {
-    Category one;
-    one.id = one.name = name;
-    return {one};
-}
-
-std::vector<Project> projects(const std::string& path)
-{
-    Project one;
-    one.p = path;
-    return {one};
-}
-
-Analysis analysis(const std::string& path, std::int64_t free = 0)
-{
-    Analysis one;
-    one.result.path = path;
-    one.free = free;
-    return one;
-}
-
-using Order = std::array<std::size_t, 3>;
-
-/// Calls `check` with every order in which three answers can arrive.
-void inEveryOrder(const std::function<void(const Order&)>& check)
-{
-    Order order = {0, 1, 2};
-    do {
-        check(order);
-    } while (std::next_permutation(order.begin(), order.end()));
-}
+protected:
+    TempTree tree;
+    ScopedHome home{tree.root()};
+    ManualClock clock;
+    LiveScans scans = backgroundScans(clock);
+};
 
 } // namespace
 
-TEST_F(LiveScansOf, ACleanScanWithoutForceKeepsAResultThatIsHeld)
+TEST_F(BackgroundScans, CachesAreFoundWithoutHoldingUpTheCaller)
 {
-    EXPECT_TRUE(live->clean().isIdle());
-    unawaited(live->scanClean(false));
-    EXPECT_TRUE(live->clean().isLoading());
-    held.clean.answer(0, categories("first"));
-    ASSERT_TRUE(live->clean().isLoaded());
-    unawaited(live->scanClean(false));
-    EXPECT_EQ(held.clean.count(), 1U);
-    unawaited(live->scanClean(true));
-    EXPECT_EQ(held.clean.count(), 2U);
-    EXPECT_TRUE(live->clean().isLoading());
-}
-
-TEST_F(LiveScansOf, AForcedCleanScanDuringARunningOneDropsTheFirstResult)
-{
-    unawaited(live->scanClean(true));
-    unawaited(live->scanClean(true));
-    held.clean.answer(0, categories("first"));
-    EXPECT_TRUE(live->clean().isLoading());
-    held.clean.answer(1, categories("second"));
-    ASSERT_TRUE(live->clean().isLoaded());
-    EXPECT_EQ(live->clean().value()->at(0).name, "second");
-}
-
-TEST_F(LiveScansOf, AScanUnderWayIsNoReasonToStopEvenWithoutForce)
-{
-    unawaited(live->scanClean(false));
-    unawaited(live->scanClean(false));
-    EXPECT_EQ(held.clean.count(), 2U);
-    unawaited(live->scanPurge(false));
-    unawaited(live->scanPurge(false));
-    EXPECT_EQ(held.purge.count(), 2U);
-}
-
-TEST_F(LiveScansOf, OfThreeCleanScansTheLastOneCountsInWhateverOrderTheyArrive)
-{
-    std::size_t first = 0;
-    inEveryOrder([&](const Order& order) {
-        for (int i = 0; i < 3; ++i) {
-            unawaited(live->scanClean(true));
-        }
-        bool arrived = false;
-        for (const std::size_t call : order) {
-            held.clean.answer(first + call, categories(std::to_string(call)));
-            arrived = arrived || call == 2;
-            EXPECT_EQ(live->clean().isLoaded(), arrived);
-        }
-        EXPECT_EQ(live->clean().value()->at(0).name, "2");
-        first += 3;
-    });
-}
-
-TEST_F(LiveScansOf, OfThreePurgeScansTheLastOneCountsInWhateverOrderTheyArrive)
-{
-    std::size_t first = 0;
-    inEveryOrder([&](const Order& order) {
-        for (int i = 0; i < 3; ++i) {
-            unawaited(live->scanPurge(true));
-        }
-        bool arrived = false;
-        for (const std::size_t call : order) {
-            held.purge.answer(first + call, projects(std::to_string(call)));
-            arrived = arrived || call == 2;
-            EXPECT_EQ(live->purge().isLoaded(), arrived);
-        }
-        EXPECT_EQ(live->purge().value()->at(0).p, "2");
-        first += 3;
-    });
-}
-
-TEST_F(LiveScansOf, APurgeScanWithoutForceKeepsAResultThatIsHeld)
-{
-    unawaited(live->scanPurge(false));
-    held.purge.answer(0, projects("first"));
-    unawaited(live->scanPurge(false));
-    EXPECT_EQ(held.purge.count(), 1U);
-    EXPECT_EQ(live->purge().value()->at(0).p, "first");
-}
-
-TEST_F(LiveScansOf, CleanAndPurgeDoNotMindEachOther)
-{
-    unawaited(live->scanClean(true));
-    unawaited(live->scanPurge(true));
-    held.clean.answer(0, categories("c"));
-    held.purge.answer(0, projects("p"));
-    EXPECT_TRUE(live->clean().isLoaded());
-    EXPECT_TRUE(live->purge().isLoaded());
-}
-
-TEST_F(LiveScansOf, WhoAwaitsAScanSeesItsResult)
-{
-    auto scan = live->scanClean(true);
+    tree.file("Library/Caches/org.example/blob", 1'500'000);
+    auto scan = scans.clean();
     EXPECT_FALSE(scan.isReady());
-    held.clean.answer(0, categories("c"));
-    EXPECT_TRUE(scan.isReady());
-    EXPECT_TRUE(live->clean().isLoaded());
+    const std::vector<Category> found = settled(std::move(scan));
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].paths.at(0).p, "~/Library/Caches/org.example");
 }
 
-TEST_F(LiveScansOf, AnAnalysisOfAnotherFolderDropsTheFirstResult)
+TEST_F(BackgroundScans, TheAgeOfAProjectIsCountedFromTheClocksNow)
 {
-    unawaited(live->analyze("/first"));
-    unawaited(live->analyze("/second"));
-    held.analyze.answer(0, analysis("/first", 1));
-    EXPECT_TRUE(live->analysis().isLoading());
-    EXPECT_EQ(live->analyzeFree(), 0);
-    held.analyze.answer(1, analysis("/second", 2));
-    ASSERT_TRUE(live->analysis().isLoaded());
-    EXPECT_EQ(live->analysis().value()->path, "/second");
-    EXPECT_EQ(live->analyzeFree(), 2);
+    tree.file("Projects/site/node_modules/blob", 1'500'000);
+    tree.setModified("Projects/site/node_modules", clock.now() - std::chrono::hours(24 * 10));
+    const std::vector<Project> found = settled(scans.purge());
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].artifact, "node_modules");
+    EXPECT_EQ(found[0].age, 10);
 }
 
-TEST_F(LiveScansOf, OfThreeFoldersTheLastOneCountsInWhateverOrderTheyArrive)
+TEST_F(BackgroundScans, EveryApplicationIsEnrichedInTheOrderOfTheList)
 {
-    std::size_t first = 0;
-    inEveryOrder([&](const Order& order) {
-        for (const char* path : {"/0", "/1", "/2"}) {
-            unawaited(live->analyze(path));
-        }
-        bool arrived = false;
-        for (const std::size_t call : order) {
-            held.analyze.answer(first + call, analysis("/" + std::to_string(call)));
-            arrived = arrived || call == 2;
-            EXPECT_EQ(live->analysis().isLoaded(), arrived);
-        }
-        EXPECT_EQ(live->analysis().value()->path, "/2");
-        first += 3;
-    });
+    tree.file("Applications/B.app/blob", 5000);
+    std::vector<UninstallApp> apps(2);
+    apps[0].name = "B";
+    apps[0].path = tree.path("Applications/B.app");
+    apps[1].name = "A";
+    apps[1].path = tree.path("Applications/A.app");
+    const std::vector<UninstallApp> found = settled(scans.enrich(apps));
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].name, "B");
+    EXPECT_GE(found[0].bundleBytes.value_or(-1), 5000);
+    EXPECT_EQ(found[1].name, "A");
+    EXPECT_EQ(found[1].bundleBytes, 0);
 }
 
-TEST_F(LiveScansOf, AnAnalysisWithoutAPathRepeatsTheLastOneAndBeginsWithTheOverview)
+TEST_F(BackgroundScans, LeftoversAreThoseOfTheApplicationAskedFor)
 {
-    unawaited(live->analyze(std::nullopt));
-    unawaited(live->analyze("/folder"));
-    unawaited(live->analyze(std::nullopt));
-    unawaited(live->analyze(""));
-    EXPECT_EQ(held.analyzed, (std::vector<std::string>{"", "/folder", "/folder", ""}));
-    EXPECT_EQ(live->analyzePath(), "");
+    UninstallApp app;
+    app.name = "Example";
+    app.bundleID = "org.example";
+    app.path = tree.folder("Applications/Example.app");
+    tree.file("Library/Caches/org.example/blob", 5000);
+    const std::vector<ResidueRow> rows = settled(scans.residue(app, {app}));
+    bool cacheFound = false;
+    for (const ResidueRow& row : rows) {
+        cacheFound = cacheFound || row.p == "~/Library/Caches/org.example";
+    }
+    EXPECT_TRUE(cacheFound);
 }
 
-TEST_F(LiveScansOf, ThePathIsTheGuardSoTwoAnalysesOfOneFolderBothCount)
+TEST_F(BackgroundScans, AnAnalysisIsOfTheFolderOrOfTheOverviewWithTheFreeSpaceBesideIt)
 {
-    unawaited(live->analyze("/folder"));
-    unawaited(live->analyze("/folder"));
-    held.analyze.answer(1, analysis("/folder", 2));
-    held.analyze.answer(0, analysis("/folder", 1));
-    EXPECT_EQ(live->analyzeFree(), 1);
-}
+    tree.file("folder/blob", 5000);
+    const Analysis folder = settled(scans.analyze(tree.path("folder")));
+    EXPECT_EQ(folder.result.path, tree.path("folder"));
+    EXPECT_FALSE(folder.result.overview);
+    EXPECT_EQ(folder.result.entries.size(), 1U);
+    EXPECT_GT(folder.free, 0);
 
-TEST_F(LiveScansOf, ResultsThatArriveAfterTheEndOfTheStoreHarmNobody)
-{
-    unawaited(live->scanClean(true));
-    unawaited(live->scanPurge(true));
-    unawaited(live->analyze("/folder"));
-    auto awaited = live->scanClean(true);
-    live.reset();
-    held.clean.answer(0, categories("late"));
-    held.clean.answer(1, categories("late"));
-    held.purge.answer(0, projects("late"));
-    held.analyze.answer(0, analysis("/folder"));
-    EXPECT_TRUE(awaited.isReady());
+    const Analysis overview = settled(scans.analyze(""));
+    EXPECT_TRUE(overview.result.overview);
+    EXPECT_EQ(overview.result.path, "");
 }
 
 } // namespace zolva::test
