@@ -222,6 +222,34 @@ TEST(WalkOracle, EveryNumberOfThreadsFindsWhatThePlainWalkFinds)
     }
 }
 
+TEST(WalkOracle, ABigFolderWithFoldersInItIsPutTogetherInTheOrderOfItsListing)
+{
+    const BlockFiles blocks;
+    zolva::test::TempTree tree;
+    std::mt19937 random(3);
+    for (unsigned i = 0; i < 700; ++i) {
+        // Names so long that no buffer holds many.
+        const std::string path = tree.path(std::to_string(random()) + std::string(240, 'n'));
+        if (i % 60 == 7) {
+            ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
+            ASSERT_EQ(::link(blocks.of(29).c_str(), (path + "/largest").c_str()), 0);
+            ASSERT_EQ(::link(blocks.of(6).c_str(), (path + "/middle").c_str()), 0);
+        } else {
+            ASSERT_EQ(::link(blocks.of(random() % 8).c_str(), path.c_str()), 0);
+        }
+    }
+    const Walk plain = plainWalk(tree.root());
+    ASSERT_EQ(plain.files, 712);
+    for (const unsigned threads : {1U, 2U, 8U}) {
+        for (int round = 0; round < 30 && !HasFailure(); ++round) {
+            zolva::WalkOptions options;
+            options.threads = threads;
+            expectSame(zolva::walk(tree.root(), options), plain,
+                       "threads " + std::to_string(threads));
+        }
+    }
+}
+
 TEST(WalkOracle, RootsThatNestRepeatAndOverlapEachGetTheirPlainWalk)
 {
     const BlockFiles blocks;
