@@ -30,7 +30,8 @@ struct Walk
     std::vector<BigFileHit> largest; ///< at most 20, not sorted, in the order the rule leaves them
 };
 
-/// Files and bytes so far, of the whole call; told a few times a second at most.
+/// Files and bytes so far, of the whole call; told a few times a second at most, and
+/// once more at the end.
 struct WalkProgress
 {
     std::int64_t files = 0;
