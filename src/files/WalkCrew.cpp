@@ -1,5 +1,6 @@
 #include "files/WalkCrew.h"
 
+#include "diagnostics/AlternateStack.h"
 #include "files/WalkSystem.h"
 
 #include <algorithm>
@@ -144,7 +145,10 @@ void WalkCrew::startHelper()
         return;
     }
     try {
-        m_helpers.emplace_back([this] { m_work(*this); });
+        m_helpers.emplace_back([this] {
+            useAlternateSignalStack();
+            m_work(*this);
+        });
         m_toStart.fetch_sub(1, std::memory_order_relaxed);
     } catch (const std::system_error&) {
         // The system has no more threads: those there are do it.
