@@ -11,7 +11,6 @@ namespace zolva {
 
 namespace {
 
-constexpr unsigned mostThreads = 16;
 constexpr unsigned threadsPerCore = 4; // a cold disk answers several askers sooner than one
 constexpr std::size_t foldersBeforeHelp = 32;
 constexpr std::size_t descriptorsPerThread = 8;
@@ -22,6 +21,7 @@ unsigned helpersFor(unsigned threads)
     if (threads == 0) {
         wanted = std::max(1U, std::thread::hardware_concurrency()) * threadsPerCore;
     }
+    const unsigned mostThreads = mostWalkThreads();
     const auto affordable = std::max<std::size_t>(1, descriptorLimit() / descriptorsPerThread);
     wanted = std::min({wanted, mostThreads,
                        static_cast<unsigned>(std::min<std::size_t>(affordable, mostThreads))});

@@ -142,6 +142,11 @@ std::size_t descriptorLimit()
     return static_cast<std::size_t>(limit.rlim_cur);
 }
 
+unsigned mostWalkThreads()
+{
+    return 16;
+}
+
 bool FolderEntries::fill(int folder)
 {
     if (!m_buffer) {
