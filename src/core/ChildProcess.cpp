@@ -10,9 +10,9 @@ ChildProcess::ChildProcess(Clock& clock, QObject* parent)
     : QObject(parent), m_clock(clock), m_process(std::make_unique<QProcess>())
 {
     m_process->setStandardInputFile(QProcess::nullDevice());
-    m_process->setChildProcessModifier(ownGroupInChild());
+    m_process->setStandardErrorFile(QProcess::nullDevice()); // where there is no pipe for it
     connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &ChildProcess::tellOutput);
-    connect(m_process.get(), &QProcess::readyReadStandardError, this, &ChildProcess::tellError);
+    connect(&m_errors, &ErrorPipe::wrote, this, &ChildProcess::wroteError);
     connect(m_process.get(), &QProcess::errorOccurred, this, &ChildProcess::handleError);
     connect(m_process.get(), &QProcess::started, this, &ChildProcess::handleStart);
     connect(m_process.get(), &QProcess::finished, this, &ChildProcess::handleEnd);
@@ -43,7 +43,13 @@ ChildProcess::~ChildProcess()
 void ChildProcess::start(const Command& command)
 {
     m_process->setProcessEnvironment(command.environment);
+    m_process->setChildProcessModifier(
+        [toOwnGroup = ownGroupInChild(), takeErrors = m_errors.open()] {
+            toOwnGroup();
+            takeErrors();
+        });
     m_process->start(command.program, command.arguments, QIODevice::ReadOnly);
+    m_errors.started();
 }
 
 bool ChildProcess::isRunning() const
@@ -93,14 +99,6 @@ void ChildProcess::tellOutput()
     }
 }
 
-void ChildProcess::tellError()
-{
-    const QByteArray bytes = m_process->readAllStandardError();
-    if (!bytes.isEmpty()) {
-        Q_EMIT wroteError(bytes);
-    }
-}
-
 void ChildProcess::handleError(QProcess::ProcessError error)
 {
     if (error == QProcess::FailedToStart) {
@@ -112,12 +110,17 @@ void ChildProcess::handleError(QProcess::ProcessError error)
 
 void ChildProcess::handleEnd(int status)
 {
-    tellOutput();
-    tellError();
     // What the child has left behind had the same request to end, if there was one. This is the
     // last moment at which the group's number can only be its own.
     signalGroup(m_group, GroupSignal::Kill);
-    Q_EMIT ended(status);
+    const QPointer<ChildProcess> self(this);
+    m_errors.readRest();
+    if (self) {
+        tellOutput();
+    }
+    if (self) {
+        Q_EMIT ended(status);
+    }
 }
 
 } // namespace zolva

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "async/Clock.h"
+#include "core/ErrorPipe.h"
 #include "platform/ChildGroup.h"
 
 #include <QByteArray>
@@ -20,7 +21,8 @@ namespace zolva {
 
 /// One run of a program, with all that it starts as one process group. Nothing here waits: all is
 /// told by signals, from the event loop. After `start` comes exactly one of `launchFailed` and
-/// `ended`, and nothing after it. Both outputs are read as they come. Main thread.
+/// `ended`, and nothing after it. Both outputs are read as they come; a listener may end this
+/// object. Main thread.
 class ChildProcess final : public QObject
 {
     Q_OBJECT
@@ -49,7 +51,7 @@ public:
 Q_SIGNALS:
     void wroteOutput(const QByteArray& bytes);
     void wroteError(const QByteArray& bytes);
-    void readingFailed(const QString& why);
+    void readingFailed(const QString& why); ///< of the output; the child may still run
     void launchFailed(const QString& why);
     /// The exit status, or the signal's number where a signal ended it. Both outputs have been
     /// told.
@@ -57,7 +59,6 @@ Q_SIGNALS:
 
 private:
     void tellOutput();
-    void tellError();
     void handleError(QProcess::ProcessError error);
     void handleStart();
     void handleEnd(int status);
@@ -66,6 +67,7 @@ private:
 
     Clock& m_clock;
     std::unique_ptr<QProcess> m_process;
+    ErrorPipe m_errors;
     qint64 m_group = 0;                ///< the child's process id, once it runs its program
     std::optional<GroupSignal> m_sent; ///< the last one asked for
 };

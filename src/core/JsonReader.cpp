@@ -219,27 +219,24 @@ std::optional<std::int64_t> JsonReader::optionalWhole(const char* key) const
     return present(key) ? std::optional(whole(key)) : std::nullopt;
 }
 
-std::vector<JsonReader> JsonReader::objects(const json* value, const char* key) const
+std::size_t JsonReader::sizeOf(const json* list, const char* key) const
 {
-    if (value == nullptr) {
-        return {};
+    if (list != nullptr && !list->is_array()) {
+        fail(pathOf(key), "is not a list");
+        return 0;
     }
-    const std::string path = pathOf(key);
-    if (!value->is_array()) {
-        fail(path, "is not a list");
-        return {};
+    return list == nullptr ? 0 : list->size();
+}
+
+JsonReader JsonReader::element(const json& list, const char* key, std::size_t index) const
+{
+    const json* value = &list[index];
+    std::string place = elementPath(pathOf(key), index);
+    if (!value->is_object()) {
+        fail(place, "is not an object");
+        value = nullptr;
     }
-    std::vector<JsonReader> elements;
-    elements.reserve(value->size());
-    for (const json& element : *value) {
-        const std::string place = elementPath(path, elements.size());
-        if (!element.is_object()) {
-            fail(place, "is not an object");
-            return {};
-        }
-        elements.push_back(JsonReader(&element, place, *m_failure));
-    }
-    return elements;
+    return {value, std::move(place), *m_failure};
 }
 
 /// Neither missing nor null.

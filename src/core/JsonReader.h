@@ -4,6 +4,7 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -47,7 +48,7 @@ public:
     template <typename Read>
     [[nodiscard]] Values<Read> list(const char* key, Read read) const
     {
-        return readAll(objects(required(key), key), read);
+        return readAll(required(key), key, read);
     }
 
     template <typename Read>
@@ -57,27 +58,31 @@ public:
         if (value == nullptr) {
             return std::nullopt;
         }
-        return readAll(objects(value, key), read);
+        return readAll(value, key, read);
     }
 
 private:
     JsonReader(const nlohmann::json* object, std::string path, std::string& failure);
 
+    /// Each element is judged when its turn comes, so that the failure kept is the foremost one.
     template <typename Read>
-    static Values<Read> readAll(const std::vector<JsonReader>& elements, Read read)
+    Values<Read> readAll(const nlohmann::json* list, const char* key, Read read) const
     {
         Values<Read> values;
-        values.reserve(elements.size());
-        for (const JsonReader& element : elements) {
-            values.push_back(read(element));
+        const std::size_t count = sizeOf(list, key);
+        values.reserve(count);
+        for (std::size_t i = 0; i < count && m_failure->empty(); ++i) {
+            values.push_back(read(element(*list, key, i)));
         }
         return values;
     }
 
     [[nodiscard]] const nlohmann::json* present(const char* key) const;
     [[nodiscard]] const nlohmann::json* required(const char* key) const;
-    [[nodiscard]] std::vector<JsonReader> objects(const nlohmann::json* value,
-                                                  const char* key) const;
+    /// 0 where it is no list.
+    [[nodiscard]] std::size_t sizeOf(const nlohmann::json* list, const char* key) const;
+    [[nodiscard]] JsonReader element(const nlohmann::json& list, const char* key,
+                                     std::size_t index) const;
     [[nodiscard]] std::string pathOf(const char* key) const;
     void fail(const std::string& path, const std::string& why) const;
 

@@ -41,18 +41,24 @@ QCoro::Task<> ListRun::watch(Clock* clock, QPointer<ChildProcess> child, std::ch
     }
 }
 
+void ListRun::tell(Outcome outcome)
+{
+    // Whoever waits for it may end this object.
+    const Mailbox<Outcome> mailbox = m_outcome;
+    mailbox.send(std::move(outcome));
+    mailbox.close();
+}
+
 void ListRun::fail(const QString& why)
 {
-    m_outcome.send(tl::unexpected(SystemError{why.toStdString()}));
-    m_outcome.close();
+    tell(tl::unexpected(SystemError{why.toStdString()}));
 }
 
 void ListRun::handleEnd(int status)
 {
     m_stderr.close();
     deleteLater();
-    m_outcome.send(Printed{status, std::move(m_output), m_stderr.text()});
-    m_outcome.close();
+    tell(Printed{status, std::move(m_output), m_stderr.text()});
 }
 
 } // namespace zolva

@@ -42,6 +42,7 @@ public:
 private:
     static QCoro::Task<> watch(Clock* clock, QPointer<ChildProcess> child,
                                std::chrono::seconds limit);
+    void tell(Outcome outcome);
     void fail(const QString& why);
     void handleEnd(int status);
 

@@ -79,10 +79,13 @@ void LiveData::startStatus()
     if (m_statusTask || m_statusRefs < 1) {
         return;
     }
-    setStatusError(std::nullopt);
     const int gen = ++m_statusGen;
-    m_statusTask = m_runner->statusStream(m_pollInterval);
-    unawaited(followStatus(this, m_statusTask, gen));
+    const std::shared_ptr<StatusStream> stream = m_runner->statusStream(m_pollInterval);
+    m_statusTask = stream;
+    // Whoever hears this finds the stream running, and may already replace it or end this object.
+    const QPointer<LiveData> self(this);
+    setStatusError(std::nullopt);
+    unawaited(followStatus(self, stream, gen));
 }
 
 void LiveData::stopStatus()
@@ -122,8 +125,11 @@ void LiveData::takeSample(StatusResult sample)
     append(m_cpuSeries, sample.cpu.usage);
     append(m_memSeries, sample.memory.usedPercent);
     m_status = std::move(sample);
+    const QPointer<LiveData> self(this);
     setStatusError(std::nullopt);
-    Q_EMIT statusChanged();
+    if (self) {
+        Q_EMIT statusChanged();
+    }
 }
 
 void LiveData::setStatusError(std::optional<std::string> text)

@@ -3,15 +3,15 @@
 #include "core/Resources.h"
 #include "files/DisplayPath.h"
 #include "files/PathText.h"
+#include "platform/WholeFile.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <sstream>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -20,17 +20,17 @@ namespace zolva {
 
 namespace {
 
+/// Far more than a version can be.
+constexpr std::size_t versionLimit = std::size_t{64} * 1024;
+
 std::optional<std::string> shippedVersion(const std::string& executable)
 {
     const std::string folder = parentPath(parentPath(executable));
-    std::ifstream file(joinedPath(folder, "VERSION"), std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    const std::string bytes = content.str();
-    if (displayText(bytes) != bytes) {
+    const WholeFile file = readWholeFile(joinedPath(folder, "VERSION"), versionLimit);
+    if (file.error || displayText(file.bytes) != file.bytes) {
         return std::nullopt;
     }
-    const std::string version(trimmedText(bytes));
+    const std::string version(trimmedText(file.bytes));
     if (version.empty() || version == "bundled") {
         return std::nullopt;
     }

@@ -20,23 +20,20 @@ std::string_view viewOf(const QByteArray& bytes)
 } // namespace
 
 StatusRun::StatusRun(Clock& clock, const std::shared_ptr<StatusStream>& stream, QObject* parent)
-    : QObject(parent), m_child(clock), m_stream(stream)
+    : QObject(parent), m_child(clock, this), m_stream(stream)
 {
     stream->onCancel([run = QPointer(this)] {
         if (run) {
             run->m_child.terminate();
         }
     });
-    connect(&m_child, &ChildProcess::wroteOutput, this, [this](const QByteArray& bytes) {
-        m_lines.feed(viewOf(bytes), [this](const LineSplitter::Line& line) { takeLine(line); });
-    });
+    connect(&m_child, &ChildProcess::wroteOutput, this, &StatusRun::takeOutput);
     connect(&m_child, &ChildProcess::wroteError, this,
             [this](const QByteArray& bytes) { m_stderr.take(viewOf(bytes)); });
-    connect(&m_child, &ChildProcess::readingFailed, this,
-            [this](const QString& why) { finish(SystemError{why.toStdString()}); });
+    connect(&m_child, &ChildProcess::readingFailed, this, &StatusRun::breakOff);
     connect(&m_child, &ChildProcess::launchFailed, this, [this](const QString& why) {
-        finish(SystemError{why.toStdString()});
         deleteLater();
+        finish(SystemError{why.toStdString()});
     });
     connect(&m_child, &ChildProcess::ended, this, &StatusRun::handleEnd);
 }
@@ -51,7 +48,15 @@ void StatusRun::start(const ChildProcess::Command& command)
     m_child.start(command);
 }
 
-void StatusRun::takeLine(const LineSplitter::Line& line)
+void StatusRun::takeOutput(const QByteArray& bytes)
+{
+    // All lines first: no reader may run while the splitter does.
+    Readings readings;
+    m_lines.feed(viewOf(bytes), [&](const LineSplitter::Line& line) { takeLine(line, readings); });
+    static_cast<void>(deliver(std::move(readings)));
+}
+
+void StatusRun::takeLine(const LineSplitter::Line& line, Readings& readings)
 {
     const std::shared_ptr<StatusStream> stream = m_stream.lock();
     if (!stream || stream->isFinished() || (line.text.empty() && !line.tooLong)) {
@@ -67,7 +72,26 @@ void StatusRun::takeLine(const LineSplitter::Line& line)
         return;
     }
     ++m_count;
-    stream->send(std::move(*reading));
+    readings.push_back(std::move(*reading));
+}
+
+bool StatusRun::deliver(Readings readings)
+{
+    const QPointer<StatusRun> self(this);
+    const std::shared_ptr<StatusStream> stream = m_stream.lock();
+    for (StatusResult& reading : readings) {
+        if (stream && !stream->isFinished()) {
+            stream->send(std::move(reading));
+        }
+    }
+    return !self.isNull();
+}
+
+void StatusRun::breakOff(const QString& why)
+{
+    if (const std::shared_ptr<StatusStream> stream = m_stream.lock()) {
+        stream->breakOff(SystemError{why.toStdString()});
+    }
 }
 
 void StatusRun::finish(std::optional<MoFailure> failure)
@@ -79,10 +103,13 @@ void StatusRun::finish(std::optional<MoFailure> failure)
 
 void StatusRun::handleEnd(int status)
 {
-    m_lines.finish([this](const LineSplitter::Line& line) { takeLine(line); });
+    Readings readings;
+    m_lines.finish([&](const LineSplitter::Line& line) { takeLine(line, readings); });
     m_stderr.close();
     deleteLater();
-    finish(outcome(status));
+    if (deliver(std::move(readings))) {
+        finish(outcome(status));
+    }
 }
 
 /// The order of these tests matters: a reading outweighs the status, the status outweighs the

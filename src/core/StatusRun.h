@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zolva {
 
@@ -28,7 +29,13 @@ public:
     void start(const ChildProcess::Command& command);
 
 private:
-    void takeLine(const LineSplitter::Line& line);
+    using Readings = std::vector<StatusResult>;
+
+    void takeOutput(const QByteArray& bytes);
+    void takeLine(const LineSplitter::Line& line, Readings& readings);
+    /// False if this object is gone: a reading wakes the reader, which may end whatever it likes.
+    [[nodiscard]] bool deliver(Readings readings);
+    void breakOff(const QString& why);
     void finish(std::optional<MoFailure> failure);
     void handleEnd(int status);
     [[nodiscard]] std::optional<MoFailure> outcome(int status) const;

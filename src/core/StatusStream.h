@@ -30,19 +30,19 @@ public:
     }
     [[nodiscard]] const std::optional<MoFailure>& failure() const { return m_failure; }
 
-    /// Ends the stream at once and without a failure; what was not read yet is forgotten.
+    /// Ends the stream at once and without a failure; what was not read yet is forgotten. After
+    /// its end this only tells a producer that is left to stop.
     void cancel()
     {
-        if (m_finished) {
-            return;
-        }
-        m_finished = true;
-        m_readings.clear();
+        const bool wasFinished = std::exchange(m_finished, true);
         // First the producer: the reader, once woken, may already start another.
         if (const auto stop = std::exchange(m_stop, {})) {
             stop();
         }
-        m_readings.close();
+        if (!wasFinished) {
+            m_readings.clear();
+            m_readings.close();
+        }
     }
 
     /// For the producer.
@@ -50,16 +50,23 @@ public:
     void send(StatusResult reading) const { m_readings.send(std::move(reading)); }
     void finish(std::optional<MoFailure> failure)
     {
-        if (!m_finished) {
-            m_finished = true;
-            m_failure = std::move(failure);
-            m_stop = {};
-            m_readings.close();
-        }
+        m_stop = {};
+        end(std::move(failure));
     }
+    /// The end of what can be read, while the producer goes on until it is told to stop.
+    void breakOff(MoFailure failure) { end(std::move(failure)); }
     [[nodiscard]] bool isFinished() const { return m_finished; }
 
 private:
+    void end(std::optional<MoFailure> failure)
+    {
+        if (!m_finished) {
+            m_finished = true;
+            m_failure = std::move(failure);
+            m_readings.close();
+        }
+    }
+
     Mailbox<StatusResult> m_readings;
     std::optional<MoFailure> m_failure;
     std::function<void()> m_stop;

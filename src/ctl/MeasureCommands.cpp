@@ -14,6 +14,17 @@
 
 namespace zolva::ctl {
 
+namespace {
+
+Answer wrongNumber(const std::string& typed, const std::string& why)
+{
+    return {{},
+            "size: \"" + displayLine(typed) + "\" " + why + "\nSee zolvactl --help.",
+            Exit::WrongUsage};
+}
+
+} // namespace
+
 Answer tally(const Request& request)
 {
     std::vector<std::string> paths;
@@ -52,10 +63,10 @@ Answer size(const Request& request)
         const char* end = typed.data() + typed.size();
         const auto read = std::from_chars(typed.data(), end, bytes);
         if (read.ec == std::errc::result_out_of_range) {
-            return {{}, "size: \"" + displayLine(typed) + "\" is out of range", Exit::WrongUsage};
+            return wrongNumber(typed, "is out of range");
         }
         if (read.ec != std::errc() || read.ptr != end) {
-            return {{}, "size: \"" + displayLine(typed) + "\" is no integer", Exit::WrongUsage};
+            return wrongNumber(typed, "is no integer");
         }
         if (request.json) {
             rows.push_back({{"bytes", bytes}, {"text", sizeText(bytes)}});

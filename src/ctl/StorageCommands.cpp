@@ -95,6 +95,9 @@ std::string folderText(const AnalyzeResult& result, const Look& look)
 /// Why a folder gave nothing, where that is not because it is empty.
 std::string whyEmpty(const std::string& path)
 {
+    if (path.empty()) {
+        return "analyze: the path is empty";
+    }
     if (!existsAt(path)) {
         return displayLine(path) + ": nothing there";
     }

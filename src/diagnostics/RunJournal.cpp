@@ -2,6 +2,7 @@
 
 #include "diagnostics/Log.h"
 #include "diagnostics/RunLock.h"
+#include "platform/Utf8Text.h"
 #include "platform/WholeFile.h"
 
 #include <sys/types.h>
@@ -24,34 +25,6 @@ constexpr auto journalName = "/in-progress.txt";
 constexpr mode_t journalMode = 0644;
 /// Far more than a marker can be; a larger file is none of ours.
 constexpr std::size_t journalLimit = std::size_t{64} * 1024;
-
-/// Unicode's white space and line ends, in UTF-8.
-constexpr std::array<std::string_view, 25> blanks = {
-    "\t",           "\n",           "\v",           "\f",           "\r",           " ",
-    "\xC2\x85",     "\xC2\xA0",     "\xE1\x9A\x80", "\xE2\x80\x80", "\xE2\x80\x81", "\xE2\x80\x82",
-    "\xE2\x80\x83", "\xE2\x80\x84", "\xE2\x80\x85", "\xE2\x80\x86", "\xE2\x80\x87", "\xE2\x80\x88",
-    "\xE2\x80\x89", "\xE2\x80\x8A", "\xE2\x80\xA8", "\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\x9F",
-    "\xE3\x80\x80"};
-
-std::string_view withoutBlanksAround(std::string_view text)
-{
-    const auto* const end = blanks.end();
-    const auto first = [&] {
-        return std::find_if(blanks.begin(), end,
-                            [&](std::string_view blank) { return text.starts_with(blank); });
-    };
-    const auto last = [&] {
-        return std::find_if(blanks.begin(), end,
-                            [&](std::string_view blank) { return text.ends_with(blank); });
-    };
-    for (const auto* blank = first(); blank != end; blank = first()) {
-        text.remove_prefix(blank->size());
-    }
-    for (const auto* blank = last(); blank != end; blank = last()) {
-        text.remove_suffix(blank->size());
-    }
-    return text;
-}
 
 std::vector<std::string_view> fieldsOf(std::string_view line)
 {
@@ -105,8 +78,8 @@ void journalClear(const std::string& folder)
 std::optional<std::string> journalRead(const std::string& folder)
 {
     const WholeFile file = readWholeFile(folder + journalName, journalLimit);
-    const std::string_view content = withoutBlanksAround(file.bytes);
-    if (file.error || content.empty()) {
+    const std::string_view content = trimmedText(file.bytes);
+    if (file.error || content.empty() || !isUtf8(content)) {
         return std::nullopt;
     }
     return std::string(content);

@@ -24,8 +24,8 @@ void journalBegin(const std::string& folder, std::string_view label, std::size_t
 /// The run has ended, in whatever way.
 void journalClear(const std::string& folder);
 
-/// The marker without the white space around it; nothing if there is none, it cannot be read, or
-/// nothing is left.
+/// The marker without the white space around it; nothing if there is none, it cannot be read, it is
+/// not UTF-8, or nothing is left.
 [[nodiscard]] std::optional<std::string> journalRead(const std::string& folder);
 
 /// A run that did not come to its end.

@@ -1,6 +1,7 @@
 #include "files/DisplayPath.h"
 
 #include "files/HomeFolder.h"
+#include "platform/Utf8Text.h"
 
 #include <cstdint>
 #include <utility>
@@ -14,35 +15,6 @@ constexpr std::string_view replacement = "\xEF\xBF\xBD";
 std::uint8_t byteAt(std::string_view text, std::size_t index)
 {
     return static_cast<std::uint8_t>(text[index]);
-}
-
-/// How many bytes the character at the start of the text takes; 0 where it is not UTF-8 (RFC 3629:
-/// no overlong forms, no surrogates, nothing above U+10FFFF).
-std::size_t characterLength(std::string_view text)
-{
-    const std::uint8_t lead = byteAt(text, 0);
-    if (lead < 0x80) {
-        return 1;
-    }
-    if (lead < 0xC2 || lead > 0xF4) {
-        return 0;
-    }
-    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (text.size() < length) {
-        return 0;
-    }
-    // The bounds of the second byte are what shuts out overlong forms, surrogates and the rest.
-    const std::uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    const std::uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    if (byteAt(text, 1) < low || byteAt(text, 1) > high) {
-        return 0;
-    }
-    for (std::size_t index = 2; index < length; ++index) {
-        if ((byteAt(text, index) & 0xC0) != 0x80) {
-            return 0;
-        }
-    }
-    return length;
 }
 
 /// Walks the text; `bad(byte)` and `good(character)` append what stands for each.

@@ -3,22 +3,11 @@
 #include "files/HomeFolder.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace zolva {
 
 namespace {
-
-/// Every character that Unicode calls White_Space, in UTF-8. Each begins with a byte that can only
-/// begin a character, so that finding one at the end of a text needs no reading from its start.
-constexpr std::array<std::string_view, 25> whiteSpace = {
-    "\t",           "\n",           "\v",           "\f",           "\r",           " ",
-    "\xC2\x85",     "\xC2\xA0",     "\xE1\x9A\x80", "\xE2\x80\x80", "\xE2\x80\x81", "\xE2\x80\x82",
-    "\xE2\x80\x83", "\xE2\x80\x84", "\xE2\x80\x85", "\xE2\x80\x86", "\xE2\x80\x87", "\xE2\x80\x88",
-    "\xE2\x80\x89", "\xE2\x80\x8A", "\xE2\x80\xA8", "\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\x9F",
-    "\xE3\x80\x80",
-};
 
 std::string_view withoutTrailingSlashes(std::string_view path)
 {
@@ -74,21 +63,6 @@ std::string withTidySlashes(std::string_view path)
         result.pop_back();
     }
     return result;
-}
-
-std::string_view trimmedText(std::string_view text)
-{
-    const auto opens = [&](std::string_view blank) { return text.starts_with(blank); };
-    const auto closes = [&](std::string_view blank) { return text.ends_with(blank); };
-    for (auto blank = std::ranges::find_if(whiteSpace, opens); blank != whiteSpace.end();
-         blank = std::ranges::find_if(whiteSpace, opens)) {
-        text.remove_prefix(blank->size());
-    }
-    for (auto blank = std::ranges::find_if(whiteSpace, closes); blank != whiteSpace.end();
-         blank = std::ranges::find_if(whiteSpace, closes)) {
-        text.remove_suffix(blank->size());
-    }
-    return text;
 }
 
 std::string lastComponent(std::string_view path)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Utf8Text.h" // trimmedText, which paths and entries are given to
+
 #include <string>
 #include <string_view>
 
@@ -18,10 +20,6 @@ namespace zolva {
 
 /// With one "/" for each run of them, and none at the end; the root stays "/".
 [[nodiscard]] std::string withTidySlashes(std::string_view path);
-
-/// Without leading and trailing white space and line ends (Unicode's, read as UTF-8). Bytes that
-/// are not UTF-8 are no white space.
-[[nodiscard]] std::string_view trimmedText(std::string_view text);
 
 /// The part after the last "/", trailing slashes aside; "/" for the root.
 [[nodiscard]] std::string lastComponent(std::string_view path);

@@ -1,5 +1,6 @@
 #include "files/WalkCrew.h"
 
+#include "diagnostics/AlternateStack.h"
 #include "files/WalkSystem.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace zolva {
 
 namespace {
 
-constexpr unsigned mostThreads = 16;
 constexpr unsigned threadsPerCore = 4; // a cold disk answers several askers sooner than one
 constexpr std::size_t foldersBeforeHelp = 32;
 constexpr std::size_t descriptorsPerThread = 8;
@@ -21,6 +21,7 @@ unsigned helpersFor(unsigned threads)
     if (threads == 0) {
         wanted = std::max(1U, std::thread::hardware_concurrency()) * threadsPerCore;
     }
+    const unsigned mostThreads = mostWalkThreads();
     const auto affordable = std::max<std::size_t>(1, descriptorLimit() / descriptorsPerThread);
     wanted = std::min({wanted, mostThreads,
                        static_cast<unsigned>(std::min<std::size_t>(affordable, mostThreads))});
@@ -144,7 +145,10 @@ void WalkCrew::startHelper()
         return;
     }
     try {
-        m_helpers.emplace_back([this] { m_work(*this); });
+        m_helpers.emplace_back([this] {
+            useAlternateSignalStack();
+            m_work(*this);
+        });
         m_toStart.fetch_sub(1, std::memory_order_relaxed);
     } catch (const std::system_error&) {
         // The system has no more threads: those there are do it.

@@ -67,6 +67,9 @@ enum class LastLink
 /// Descriptors that the process may have.
 [[nodiscard]] std::size_t descriptorLimit();
 
+/// So many threads gain from walking at the same time, however many cores there are.
+[[nodiscard]] unsigned mostWalkThreads();
+
 /// A part of a folder's listing, in a buffer of its own.
 class FolderEntries
 {

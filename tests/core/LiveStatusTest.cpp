@@ -242,6 +242,49 @@ TEST_F(LiveStatus, AListenerMayRestartTheStreamFromWithinItsFailure)
     EXPECT_FALSE(live->statusError());
 }
 
+TEST_F(LiveStatus, AListenerMayRestartTheStreamWhileItsErrorIsBeingCleared)
+{
+    live->retainStatus();
+    script.newest()->finish(MoError{MoError::NonZeroExit{1, "no"}});
+    QObject::connect(live.get(), &LiveData::statusErrorChanged, live.get(),
+                     [this] { live->restartStatus(); });
+    live->restartStatus();
+    EXPECT_TRUE(live->isStreaming());
+    ASSERT_EQ(script.streams.size(), 3U);
+    EXPECT_EQ(script.stopped, 1);
+    EXPECT_TRUE(script.streams[1].expired());
+    EXPECT_EQ(live->statusGen(), 3);
+    script.newest()->send(sample(5, 6));
+    EXPECT_EQ(live->cpuSeries(), std::vector<double>{5});
+    live->releaseStatus();
+    EXPECT_EQ(script.stopped, 2);
+    EXPECT_TRUE(script.streams[2].expired());
+}
+
+TEST_F(LiveStatus, AListenerThatRetainsTheStreamWhileItsErrorIsBeingClearedStartsNoOther)
+{
+    live->retainStatus();
+    script.newest()->finish(MoError{MoError::NonZeroExit{1, "no"}});
+    QObject::connect(live.get(), &LiveData::statusErrorChanged, live.get(),
+                     [this] { live->retainStatus(); });
+    live->restartStatus();
+    EXPECT_EQ(script.streams.size(), 2U);
+    EXPECT_EQ(script.stopped, 0);
+    EXPECT_EQ(live->statusRefs(), 2);
+}
+
+TEST_F(LiveStatus, AListenerMayEndTheStoreWhileItsErrorIsBeingCleared)
+{
+    live->retainStatus();
+    script.newest()->finish(MoError{MoError::NonZeroExit{1, "no"}});
+    const QObject listener;
+    QObject::connect(live.get(), &LiveData::statusErrorChanged, &listener,
+                     [this] { live.reset(); });
+    live->restartStatus();
+    EXPECT_EQ(script.stopped, 1);
+    EXPECT_TRUE(script.streams.back().expired());
+}
+
 TEST_F(LiveStatus, TheEndOfTheStoreEndsTheStream)
 {
     live->retainStatus();

@@ -137,6 +137,15 @@ TEST_F(MoLocationTest, AVersionFileThatIsEmptyMissingOrNoTextGivesNone)
     EXPECT_EQ(versionOf("mole/bin/mole", MoLocation::Kind::Shipped), std::nullopt);
 }
 
+TEST_F(MoLocationTest, AVersionFileIsNeitherWaitedForNorReadWithoutABound)
+{
+    EXPECT_EQ(versionByFile(std::string(65'000, ' ') + "1.2.3"), "1.2.3");
+    EXPECT_EQ(versionByFile(std::string(66'000, ' ') + "1.2.3"), std::nullopt);
+    ::unlink(m_tree.path("mole/VERSION").c_str());
+    m_tree.fifo("mole/VERSION");
+    EXPECT_EQ(versionOf("mole/bin/mole", MoLocation::Kind::Shipped), std::nullopt);
+}
+
 TEST_F(MoLocationTest, AnInstalledVersionFollowsThePieceMoleInTheLinksTarget)
 {
     EXPECT_EQ(versionByLink("../Cellar/mole/1.2.3/bin/mo"), "1.2.3");

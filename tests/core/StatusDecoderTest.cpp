@@ -281,6 +281,17 @@ TEST(StatusDecoder, TheFirstKeyThatFailsIsTheOneTold)
     expectFailureAt(document, "host\" is not a text");
 }
 
+TEST(StatusDecoder, AnEarlierElementsBadKeyIsToldBeforeALaterElementThatIsNoObject)
+{
+    json document = statusDocument();
+    document["disks"].push_back(7);
+    expectFailureAt(document, "disks[1]\" is not an object");
+    document["disks"][0]["used"] = "much";
+    expectFailureAt(document, "disks[0].used\" is not a whole number");
+    document["disks"][0] = json::array();
+    expectFailureAt(document, "disks[0]\" is not an object");
+}
+
 TEST(StatusDecoder, WholeNumbersReachTheEndsOf64BitsAndNoFarther)
 {
     const auto trash = [](const char* number) {

@@ -8,6 +8,7 @@ namespace zolva::test {
 
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 const std::string nowhere = "/nonexistent-home";
@@ -119,6 +120,7 @@ TEST(SizeCommand, RefusesWhatIsNoIntegerOrOutOfRangeAndPrintsNothing)
         EXPECT_EQ(outcome.code, 2) << wrong;
         EXPECT_EQ(outcome.out, "") << wrong;
         EXPECT_THAT(outcome.err, HasSubstr(std::string("\"") + wrong + "\"")) << wrong;
+        EXPECT_THAT(outcome.err, EndsWith("\nzolvactl: See zolvactl --help.\n")) << wrong;
     }
 }
 

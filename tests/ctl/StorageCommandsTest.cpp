@@ -103,6 +103,13 @@ TEST(AnalyzeCommand, GivesAnEmptyResultAndANoteForWhatIsNoFolder)
     EXPECT_EQ(missing.err, "zolvactl: " + gone + ": nothing there\n");
 }
 
+TEST(AnalyzeCommand, TellsOfAnEmptyPath)
+{
+    const Outcome outcome = zolvactl("/nonexistent-home", {"analyze", ""});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, "zolvactl: analyze: the path is empty\n");
+}
+
 TEST(AnalyzeCommand, SaysWhenAFolderCannotBeRead)
 {
     TempTree tree;

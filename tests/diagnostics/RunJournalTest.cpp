@@ -71,6 +71,19 @@ TEST(RunJournal, ThereIsNoneWithoutAFileOrWithAFolderInItsPlace)
     EXPECT_EQ(journalRead(tree.root()), std::nullopt);
 }
 
+TEST(RunJournal, AMarkerThatIsNotUtf8IsNoneAndStays)
+{
+    test::TempTree tree;
+    const std::string marker = tree.text("in-progress.txt", "2026-01-02T03:04:05Z\tCle\xFF"
+                                                            "an\t1 paths\tpid 1\n");
+    EXPECT_EQ(journalRead(tree.root()), std::nullopt);
+    EXPECT_FALSE(takeUnfinishedRun(tree.root()));
+    EXPECT_TRUE(isThere(marker));
+    tree.text("in-progress.txt", "2026-01-02T03:04:05Z\tCl\xC3\xA9"
+                                 "an\t1 paths\tpid 1\n");
+    EXPECT_TRUE(journalRead(tree.root()));
+}
+
 TEST(RunJournal, APipeInItsPlaceIsNotWaitedFor)
 {
     test::TempTree tree;

@@ -1,5 +1,6 @@
 #include "platform/FileDates.h"
 
+#include "support/DeepFolder.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +79,20 @@ TEST(FileDates, ANewFileWasCreatedAndAddedJustNowIfTheSystemKnows)
     for (const auto& date : {creationDate(file), addedToFolderDate(file)}) {
         EXPECT_TRUE(!date || (*date >= before && *date <= after));
     }
+}
+
+TEST(FileDates, APathTooLongForOneCallHasItsDates)
+{
+    test::TempTree tree;
+    test::DeepFolder folder(tree, "outer");
+    tree.file(folder.shallow() + "/file");
+    tree.setModified(folder.shallow() + "/file", past);
+    const auto created = creationDate(tree.path(folder.shallow() + "/file"));
+    const std::string deep = folder.sink() + "/file";
+    ASSERT_GT(deep.size(), 4096U);
+    EXPECT_EQ(contentModificationDate(deep), past);
+    EXPECT_EQ(contentModificationDate(deep + "x"), std::nullopt);
+    EXPECT_EQ(creationDate(deep), created);
 }
 
 TEST(FileDates, ANameThatIsNotTextHasItsDate)

@@ -2,6 +2,7 @@
 
 #include "scanners/NaiveDisk.h"
 #include "scanners/ReservedFile.h"
+#include "support/DeepFolder.h"
 #include "support/DroppedCapabilities.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
@@ -71,6 +72,18 @@ TEST(ProjectTables, HoldTenArtifactAndFivePrunedNames)
     EXPECT_EQ(std::set<std::string>(artifactNames.begin(), artifactNames.end()), artifacts);
     EXPECT_EQ(std::set<std::string>(prunedFolderNames.begin(), prunedFolderNames.end()), pruned);
     EXPECT_EQ(artifactFloor, 1'000'000);
+}
+
+TEST_F(ProjectScan, AnArtifactBelowTheReachOfOneCallHasItsTrueAge)
+{
+    DeepFolder folder(tree, "Code");
+    make(folder.shallow() + "/build/x", 4096);
+    tree.setModified(folder.shallow() + "/build", now - 72h);
+    folder.sink();
+    const auto projects = scanProjects(now, 1);
+    ASSERT_EQ(projects.size(), 1U);
+    EXPECT_GT(projects[0].p.size(), 4096U);
+    EXPECT_EQ(projects[0].age, 3);
 }
 
 TEST_F(ProjectScan, NodeModulesOfTwoMillionBytesIsTheProjectThatHoldsIt)

@@ -1,23 +1,31 @@
 #include "core/SystemPrefsStore.h"
 
+#include "core/PrefsJson.h"
+
 #import <Foundation/Foundation.h>
 
 namespace zolva {
 
 namespace {
 
+// The defaults keep text, and a path need not be text: what is not UTF-8 has a form of its own, the
+// same as in the file of other systems.
+
 NSString* textOf(const std::string& bytes)
 {
-    NSString* text = [[NSString alloc] initWithBytes:bytes.data()
-                                              length:bytes.size()
+    const std::string stored = storedText(bytes);
+    NSString* text = [[NSString alloc] initWithBytes:stored.data()
+                                              length:stored.size()
                                             encoding:NSUTF8StringEncoding];
     return text ? text : @"";
 }
 
 std::string bytesOf(NSString* text)
 {
-    const char* bytes = text.UTF8String;
-    return bytes ? bytes : "";
+    // By its length: that form begins with a NUL.
+    NSData* bytes = [text dataUsingEncoding:NSUTF8StringEncoding];
+    return bytes ? textFromStored(std::string(static_cast<const char*>(bytes.bytes), bytes.length))
+                 : std::string();
 }
 
 NSArray<NSString*>* arrayOf(const std::vector<std::string>& texts)

@@ -1,5 +1,7 @@
 #include "files/WalkSystem.h"
 
+#include "platform/LongPath.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -61,71 +63,6 @@ int noFollow(LastLink link)
     return link == LastLink::Follow ? 0 : O_NOFOLLOW;
 }
 
-/// Goes down a path that is too long for one call until the rest is short enough.
-class ShortenedPath
-{
-public:
-    explicit ShortenedPath(const std::string& path) : m_rest(path.c_str())
-    {
-        std::size_t left = path.size();
-        while (left >= PATH_MAX) {
-            const std::string_view head(m_rest, PATH_MAX - 1);
-            const std::size_t cut = head.rfind('/');
-            if (cut == std::string_view::npos || cut == 0) {
-                fail(ENAMETOOLONG);
-                return;
-            }
-            const int step =
-                openStep(m_at, std::string(head.substr(0, cut)).c_str(), LastLink::Follow);
-            if (step < 0) {
-                fail(errno);
-                return;
-            }
-            closeStep();
-            m_at = step;
-            std::size_t next = cut;
-            while (m_rest[next] == '/') {
-                ++next;
-            }
-            m_rest += next;
-            left -= next;
-            if (left == 0) {
-                m_rest = ".";
-            }
-        }
-    }
-    ~ShortenedPath()
-    {
-        const int kept = errno;
-        closeStep();
-        errno = kept;
-    }
-    ShortenedPath(const ShortenedPath&) = delete;
-    ShortenedPath& operator=(const ShortenedPath&) = delete;
-
-    /// False with errno.
-    [[nodiscard]] bool reached() const
-    {
-        errno = m_error;
-        return m_error == 0;
-    }
-    [[nodiscard]] int at() const { return m_at; }
-    [[nodiscard]] const char* rest() const { return m_rest; }
-
-private:
-    void fail(int error) { m_error = error; }
-    void closeStep()
-    {
-        if (m_at >= 0) {
-            ::close(m_at);
-        }
-    }
-
-    const char* m_rest;
-    int m_at = AT_FDCWD;
-    int m_error = 0;
-};
-
 } // namespace
 
 int openFolder(int parent, const char* name, LastLink link, bool& spareTimes)
@@ -143,10 +80,8 @@ int openFolder(int parent, const char* name, LastLink link, bool& spareTimes)
 
 int openFolder(const std::string& path, bool& spareTimes)
 {
-    const ShortenedPath shortened(path);
-    return shortened.reached()
-               ? openFolder(shortened.at(), shortened.rest(), LastLink::Follow, spareTimes)
-               : -1;
+    const LongPath from(path);
+    return from.reached() ? openFolder(from.at(), from.rest(), LastLink::Follow, spareTimes) : -1;
 }
 
 int openStep(int parent, const char* path, LastLink link)
@@ -156,8 +91,8 @@ int openStep(int parent, const char* path, LastLink link)
 
 int openStep(const std::string& path)
 {
-    const ShortenedPath shortened(path);
-    return shortened.reached() ? openStep(shortened.at(), shortened.rest(), LastLink::Follow) : -1;
+    const LongPath from(path);
+    return from.reached() ? openStep(from.at(), from.rest(), LastLink::Follow) : -1;
 }
 
 bool statusOf(int folder, const char* name, NodeStatus& status)
@@ -182,10 +117,10 @@ bool statusOf(int descriptor, NodeStatus& status)
 
 bool statusOf(const std::string& path, LastLink link, NodeStatus& status)
 {
-    const ShortenedPath shortened(path);
+    const LongPath from(path);
     struct stat found;
     const int flags = link == LastLink::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
-    if (!shortened.reached() || ::fstatat(shortened.at(), shortened.rest(), &found, flags) != 0) {
+    if (!from.reached() || ::fstatat(from.at(), from.rest(), &found, flags) != 0) {
         return false;
     }
     fillIn(found, status);
@@ -205,6 +140,11 @@ std::size_t descriptorLimit()
         return 1024;
     }
     return static_cast<std::size_t>(limit.rlim_cur);
+}
+
+unsigned mostWalkThreads()
+{
+    return 16;
 }
 
 bool FolderEntries::fill(int folder)

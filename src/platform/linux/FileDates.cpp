@@ -1,5 +1,7 @@
 #include "platform/FileDates.h"
 
+#include "platform/LongPath.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -30,7 +32,9 @@ std::optional<struct statx> asked(const std::string& path, unsigned field)
 {
     struct statx status
     {};
-    if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, field, &status) !=
+    const LongPath from(path);
+    if (!from.reached() ||
+        ::statx(from.at(), from.rest(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, field, &status) !=
             0 ||
         (status.stx_mask & field) == 0) {
         return std::nullopt;

@@ -1,5 +1,8 @@
 #include "platform/FileDates.h"
 
+#include "platform/LongPath.h"
+
+#include <fcntl.h>
 #include <sys/attr.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -32,7 +35,11 @@ std::optional<struct stat> statusOf(const std::string& path)
 {
     struct stat status
     {};
-    return ::lstat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+    const LongPath from(path);
+    if (!from.reached() || ::fstatat(from.at(), from.rest(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        return std::nullopt;
+    }
+    return status;
 }
 
 /// As getattrlist(2) lays it out when asked for what it returned and the date.
@@ -58,7 +65,10 @@ std::optional<FileDate> addedToFolderDate(const std::string& path)
     wanted.bitmapcount = ATTR_BIT_MAP_COUNT;
     wanted.commonattr = ATTR_CMN_RETURNED_ATTRS | ATTR_CMN_ADDEDTIME;
     AddedReply reply{};
-    if (::getattrlist(path.c_str(), &wanted, &reply, sizeof(reply), FSOPT_NOFOLLOW) != 0 ||
+    const LongPath from(path);
+    if (!from.reached() ||
+        ::getattrlistat(from.at(), from.rest(), &wanted, &reply, sizeof(reply), FSOPT_NOFOLLOW) !=
+            0 ||
         (reply.returned.commonattr & ATTR_CMN_ADDEDTIME) == 0) {
         return std::nullopt;
     }
