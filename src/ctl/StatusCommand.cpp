@@ -1,0 +1,111 @@
+#include "async/Clock.h"
+#include "core/LiveData.h"
+#include "core/LiveMoRunner.h"
+#include "ctl/Commands.h"
+#include "ctl/Session.h"
+#include "ctl/StatusText.h"
+#include "ctl/StopSignals.h"
+#include "ctl/StoredPrefs.h"
+#include "ctl/Terminal.h"
+#include "files/DisplayPath.h"
+
+#include <unistd.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace zolva::ctl {
+
+namespace {
+
+/// Prints each reading as it comes, until there is no reason to go on.
+class Watch
+{
+public:
+    Watch(const Request& request, Session& session, const StopSignals& stop, LiveData& live)
+        : m_request(request), m_session(session), m_stop(stop), m_live(live),
+          m_inPlace(!request.json && request.watch && canRedraw(STDOUT_FILENO))
+    {
+        QObject::connect(&live, &LiveData::statusChanged, &m_live, [this] { take(); });
+        QObject::connect(&live, &LiveData::statusEnded, &m_live, [this] { handleEnd(); });
+        QObject::connect(&stop, &StopSignals::asked, &m_live, [this] { finish({}); });
+    }
+    ~Watch() { m_live.disconnect(&m_live); }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+    Answer run()
+    {
+        m_live.retainStatus();
+        m_session.run();
+        m_live.releaseStatus();
+        return m_answer;
+    }
+
+private:
+    void take()
+    {
+        if (m_over) {
+            return;
+        }
+        const int error = writeAll(STDOUT_FILENO, text(*m_live.status()), m_stop.descriptor());
+        m_first = false;
+        if (error != 0) {
+            finish(unwritten(error));
+        } else if (!m_request.watch) {
+            finish({});
+        }
+    }
+
+    [[nodiscard]] std::string text(const StatusResult& status) const
+    {
+        if (m_request.json) {
+            return status.document + "\n";
+        }
+        const std::string lines =
+            statusText(statusTiles(status, volumeCapacity()), m_request.look);
+        if (m_inPlace) {
+            return drawnInPlace(lines, m_first);
+        }
+        return m_first ? lines : "\n" + lines;
+    }
+
+    void handleEnd()
+    {
+        const auto& error = m_live.statusError();
+        finish(error ? Answer{{}, displayLine(*error), Exit::Failed} : Answer{});
+    }
+
+    /// What comes first counts.
+    void finish(Answer answer)
+    {
+        if (!m_over) {
+            m_over = true;
+            m_answer = std::move(answer);
+            m_session.end();
+        }
+    }
+
+    const Request& m_request;
+    Session& m_session;
+    const StopSignals& m_stop;
+    LiveData& m_live;
+    const bool m_inPlace;
+    bool m_first = true;
+    bool m_over = false;
+    Answer m_answer;
+};
+
+} // namespace
+
+Answer status(const Request& request)
+{
+    Session session;
+    const StopSignals stop;
+    const SystemClock clock;
+    return {};
+}
+
+} // namespace zolva::ctl
