@@ -23,7 +23,7 @@ enum class Exit
 /// What was asked, as it was typed: values are bytes.
 struct Request
 {
-    std::vector<std::string> operands; ///< paths, numbers or a text, in order
+    std::vector<std::string> operands;            ///< paths, numbers or a text, in order
     std::optional<std::vector<std::string>> list; ///< the exclusion list; else the stored one
     std::optional<std::string> appsFile;          ///< else the tool is asked
     std::string bundle;
@@ -37,7 +37,7 @@ struct Request
     [[nodiscard]] std::vector<std::string> exclusionList() const;
 };
 
-/// What to print. The note goes to standard error, each of its lines after the program's name.
+/// What to print. The note goes to standard error, after the program's name.
 struct Answer
 {
     std::string output;

@@ -78,8 +78,8 @@ std::string listText(const std::vector<std::string>& list, const Look& look)
     return text;
 }
 
-Answer answerOf(const std::vector<std::string>& list, const std::vector<Result>& results,
-                Exit code, const Request& request)
+Answer answerOf(const std::vector<std::string>& list, const std::vector<Result>& results, Exit code,
+                const Request& request)
 {
     if (request.json) {
         Answer answer = document(resultsJson(list, results));

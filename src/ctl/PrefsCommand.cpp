@@ -69,15 +69,14 @@ std::string truthText(bool value)
 
 /// In the order of the document.
 constexpr std::array settings = {
-    Setting{"themeMode", "system, light or dark", "the window's theme",
-            [](Values& values, std::string_view text) {
-                values.settings.themeMode = themeModeFrom(text);
-                return themeModeText(values.settings.themeMode) == text;
-            },
-            [](const Values& values) {
-                return std::string(themeModeText(values.settings.themeMode));
-            },
-            [](const Values& values) { return Json(themeModeText(values.settings.themeMode)); }},
+    Setting{
+        "themeMode", "system, light or dark", "the window's theme",
+        [](Values& values, std::string_view text) {
+            values.settings.themeMode = themeModeFrom(text);
+            return themeModeText(values.settings.themeMode) == text;
+        },
+        [](const Values& values) { return std::string(themeModeText(values.settings.themeMode)); },
+        [](const Values& values) { return Json(themeModeText(values.settings.themeMode)); }},
     Setting{"pollInterval", "a whole number", "seconds between two readings, 1 to 60",
             [](Values& values, std::string_view text) {
                 return put(values.settings.poll, wholeNumber(text));
@@ -104,8 +103,7 @@ constexpr std::array settings = {
             [](const Values& values) { return Json(values.settings.keepInTrash); }},
     Setting{"whitelist", "", "see zolvactl exclusions", nullptr,
             [](const Values& values) {
-                return counted(static_cast<std::int64_t>(values.settings.whitelist.size()),
-                               "path");
+                return counted(static_cast<std::int64_t>(values.settings.whitelist.size()), "path");
             },
             [](const Values& values) { return textsJson(values.settings.whitelist); }},
     Setting{introKey, "true or false", "whether the access intro was dismissed",

@@ -8,8 +8,7 @@ namespace {
 
 /// Complaints about the environment's character set and the like are for developers, and standard
 /// error belongs to the answer's notes.
-void drop(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*message*/)
-{}
+void drop(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*message*/) {}
 
 } // namespace
 

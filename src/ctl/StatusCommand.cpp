@@ -1,18 +1,21 @@
 #include "async/Clock.h"
-#include "core/LiveData.h"
-#include "core/LiveMoRunner.h"
+#include "core/AppModel.h"
+#include "core/SystemPrefsStore.h"
 #include "ctl/Commands.h"
 #include "ctl/Session.h"
 #include "ctl/StatusText.h"
 #include "ctl/StopSignals.h"
-#include "ctl/StoredPrefs.h"
 #include "ctl/Terminal.h"
 #include "files/DisplayPath.h"
 
+#include <QObject>
 #include <unistd.h>
 
+#include <charconv>
 #include <chrono>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -28,13 +31,10 @@ public:
         : m_request(request), m_session(session), m_stop(stop), m_live(live),
           m_inPlace(!request.json && request.watch && canRedraw(STDOUT_FILENO))
     {
-        QObject::connect(&live, &LiveData::statusChanged, &m_live, [this] { take(); });
-        QObject::connect(&live, &LiveData::statusEnded, &m_live, [this] { handleEnd(); });
-        QObject::connect(&stop, &StopSignals::asked, &m_live, [this] { finish({}); });
+        QObject::connect(&live, &LiveData::statusChanged, &m_here, [this] { take(); });
+        QObject::connect(&live, &LiveData::statusEnded, &m_here, [this] { handleEnd(); });
+        QObject::connect(&stop, &StopSignals::asked, &m_here, [this] { finish({}); });
     }
-    ~Watch() { m_live.disconnect(&m_live); }
-    Watch(const Watch&) = delete;
-    Watch& operator=(const Watch&) = delete;
 
     Answer run()
     {
@@ -50,7 +50,8 @@ private:
         if (m_over) {
             return;
         }
-        const int error = writeAll(STDOUT_FILENO, text(*m_live.status()), m_stop.descriptor());
+        const int error =
+            writeUnlessStopped(STDOUT_FILENO, text(*m_live.status()), m_stop.descriptor());
         m_first = false;
         if (error != 0) {
             finish(unwritten(error));
@@ -64,8 +65,7 @@ private:
         if (m_request.json) {
             return status.document + "\n";
         }
-        const std::string lines =
-            statusText(statusTiles(status, volumeCapacity()), m_request.look);
+        const std::string lines = statusText(statusTiles(status, volumeCapacity()), m_request.look);
         if (m_inPlace) {
             return drawnInPlace(lines, m_first);
         }
@@ -96,16 +96,46 @@ private:
     bool m_first = true;
     bool m_over = false;
     Answer m_answer;
+    QObject m_here; ///< as long as it lives, it is told
 };
+
+/// Nothing where that is no whole number.
+std::optional<std::chrono::seconds> intervalFrom(const std::string& typed)
+{
+    std::int64_t seconds = 0;
+    const char* end = typed.data() + typed.size();
+    const auto read = std::from_chars(typed.data(), end, seconds);
+    if (read.ec != std::errc() || read.ptr != end) {
+        return std::nullopt;
+    }
+    return std::chrono::seconds(clampedPoll(seconds));
+}
 
 } // namespace
 
 Answer status(const Request& request)
 {
+    std::optional<std::chrono::seconds> interval;
+    if (request.interval) {
+        interval = intervalFrom(*request.interval);
+        if (!interval) {
+            return {{},
+                    "status: --interval takes a whole number of seconds, not \"" +
+                        displayLine(*request.interval) + "\"",
+                    Exit::WrongUsage};
+        }
+    }
     Session session;
     const StopSignals stop;
-    const SystemClock clock;
-    return {};
+    SystemClock clock;
+    const std::unique_ptr<PrefsStore> store = systemPrefsStore();
+    AppDependencies dependencies = liveDependencies(clock, *store);
+    dependencies.steps = {.journalCheck = false, .accessProbe = false};
+    AppModel model(std::move(dependencies));
+    if (interval) {
+        model.live().setPollInterval(*interval);
+    }
+    return Watch(request, session, stop, model.live()).run();
 }
 
 } // namespace zolva::ctl

@@ -41,9 +41,9 @@ std::string pressureText(const Memory& memory)
 
 double freePercent(const VolumeSpace& space)
 {
-    return space.total < 1 ? 0
-                           : static_cast<double>(space.available) /
-                                 static_cast<double>(space.total) * 100;
+    return space.total < 1
+               ? 0
+               : static_cast<double>(space.available) / static_cast<double>(space.total) * 100;
 }
 
 } // namespace

@@ -19,8 +19,8 @@ struct StatusTile
     std::string sub;
 };
 
-/// Health, CPU, memory and free space, in this order. Texts of the tool are as it gave them. Numbers
-/// are written as the process's locale has them.
+/// Health, CPU, memory and free space, in this order. Texts of the tool are as it gave them.
+/// Numbers are written as the process's locale has them.
 [[nodiscard]] std::array<StatusTile, 4> statusTiles(const StatusResult& status,
                                                     const VolumeSpace& space);
 

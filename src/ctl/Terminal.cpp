@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <clocale>
 #include <climits>
+#include <clocale>
 #include <cstdlib>
 #include <cwchar>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale is not in <clocale>
