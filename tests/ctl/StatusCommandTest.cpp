@@ -35,9 +35,9 @@ std::string oddLine()
 }
 
 /// What the three readings of the sample that do not depend on this machine's disk look like.
-const std::string sampleLines = "  Health        91  / 100     Good\n"
-                                "  CPU           12  %         Load 0.50 · 0.25 · 1.00\n"
-                                "  Memory       8.0  of 16 GB  normal\n"
+const std::string sampleLines = "  Health          91  / 100     Good\n"
+                                "  CPU             12  %         Load 0.50 · 0.25 · 1.00\n"
+                                "  Memory         8.0  of 16 GB  normal\n"
                                 "  Free space";
 
 TEST(StatusCommand, PrintsTheFirstDocumentAsItCameAndEndsTheTool)
@@ -95,8 +95,8 @@ TEST(StatusCommand, WatchRedrawsInPlaceOnATerminal)
     EXPECT_THAT(outcome.out, StartsWith("\x1b[?7l  Health  "));
     const std::size_t again = outcome.out.find("\x1b[?7h\x1b[?7l\x1b[4A  Health  ");
     ASSERT_NE(again, std::string::npos);
-    EXPECT_THAT(outcome.out.substr(0, again), HasSubstr("  CPU            7  %"));
-    EXPECT_THAT(outcome.out.substr(again), HasSubstr("  CPU            8  %"));
+    EXPECT_THAT(outcome.out.substr(0, again), HasSubstr("  CPU              7  %"));
+    EXPECT_THAT(outcome.out.substr(again), HasSubstr("  CPU              8  %"));
     EXPECT_THAT(outcome.out, EndsWith(" GB\x1b[K\n\x1b[?7h"));
 }
 

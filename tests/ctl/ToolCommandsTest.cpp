@@ -51,12 +51,13 @@ TEST(AppsCommand, ListsTheBundlesOfTheHomeThroughTheToolThatIsShipped)
     const Outcome outcome = zolvactl(tree.root(), {"apps", "--json"});
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     Json own = Json::array();
-    for (const Json& app : Json::parse(outcome.out)["apps"]) {
+    const Json whole = Json::parse(outcome.out);
+    for (const Json& app : whole["apps"]) {
         if (app["path"].get<std::string>().starts_with(tree.root())) {
             own.push_back(app);
         }
     }
-    ASSERT_EQ(own.size(), 1U);
+    ASSERT_EQ(own.size(), 1U) << outcome.out;
     EXPECT_EQ(own[0]["name"], "Lumen");
     EXPECT_EQ(own[0]["bundleID"], "org.lumen");
     EXPECT_EQ(own[0]["version"], "4.2");
