@@ -120,7 +120,7 @@ TEST(SizeCommand, RefusesWhatIsNoIntegerOrOutOfRangeAndPrintsNothing)
         EXPECT_EQ(outcome.code, 2) << wrong;
         EXPECT_EQ(outcome.out, "") << wrong;
         EXPECT_THAT(outcome.err, HasSubstr(std::string("\"") + wrong + "\"")) << wrong;
-        EXPECT_THAT(outcome.err, EndsWith("\nzolvactl: See zolvactl --help.\n")) << wrong;
+        EXPECT_THAT(outcome.err, EndsWith("\nSee zolvactl --help.\n")) << wrong;
     }
 }
 
