@@ -1,0 +1,27 @@
+#include "core/AppDependencies.h"
+
+#include "async/Background.h"
+#include "core/LiveMoRunner.h"
+#include "diagnostics/CrashCapture.h"
+#include "diagnostics/RunJournal.h"
+#include "files/HomeFolder.h"
+#include "scanners/InstallerScanner.h"
+
+namespace zolva {
+
+AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs)
+{
+    AppReads reads;
+    reads.installers = [&clock] { return background(InstallerScanner::scan, clock.now()); };
+    reads.blockedLocations = [] { return background(diskAccess::blockedLocations); };
+    return {.clock = clock,
+            .prefs = prefs,
+            .runner = std::make_unique<LiveMoRunner>(clock),
+            .mo = moLocation(),
+            .scans = backgroundScans(clock),
+            .reads = std::move(reads),
+            .logFolder = logFolder(homeFolder()),
+            .crashCapture = installCrashCapture};
+}
+
+} // namespace zolva

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "async/Clock.h"
+#include "core/LiveScans.h"
+#include "core/MoLocation.h"
+#include "core/MoRunner.h"
+#include "core/PrefsStore.h"
+#include "core/SystemAppearance.h"
+#include "files/Records.h"
+#include "scanners/DiskAccess.h"
+
+#include <QCoroTask>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// What an `AppModel` is built from.
+namespace zolva {
+
+/// The reads of the disk that the model starts itself. They take and give plain values and cannot
+/// fail.
+struct AppReads
+{
+    std::function<QCoro::Task<std::vector<InstallerItem>>()> installers;
+    std::function<QCoro::Task<std::vector<diskAccess::Location>>()> blockedLocations;
+};
+
+/// Places that are shown to the user outside this program. Where there is none, nothing happens.
+struct AppDoors
+{
+    std::function<void()> accessSettings; ///< where access to folders is granted
+    std::function<void()> logFolder;
+};
+
+/// The meters of the disk and of the Trash.
+struct AppMeters
+{
+    std::function<void()> start;   ///< reads them at once, and from then on by themselves
+    std::function<void()> refresh; ///< reads them at once
+};
+
+/// The steps of a start that belong to the program with the window.
+struct StartSteps
+{
+    bool journalCheck = true;
+    bool accessProbe = true;
+};
+
+struct AppDependencies
+{
+    Clock& clock;      ///< outlives the model
+    PrefsStore& prefs; ///< outlives the model
+    std::unique_ptr<MoRunner> runner;
+    MoLocation mo; ///< where the runner's tool stands
+    LiveScans scans;
+    AppReads reads;
+    std::string logFolder; ///< of the run journal and the record of crashes
+    std::function<void(const std::string& logFolder)> crashCapture;
+    SystemAppearance* appearance = nullptr; ///< outlives the model; null for a light desktop
+    AppMeters meters{};
+    AppDoors doors{};
+    StartSteps steps{};
+};
+
+/// The real ones, as far as they need no window: neither appearance nor doors. Looks for the tool.
+[[nodiscard]] AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs);
+
+} // namespace zolva

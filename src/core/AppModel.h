@@ -1,0 +1,135 @@
+#pragma once
+
+#include "core/AppDependencies.h"
+#include "core/AppLists.h"
+#include "core/AppSettings.h"
+#include "core/LiveData.h"
+#include "core/SortKey.h"
+#include "removal/Toasts.h"
+#include "scanners/DiskAccess.h"
+
+#include <QCoroTask>
+#include <QObject>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zolva {
+
+/// The one object that the screens read and call: it owns the parts of the model and wires them
+/// together. Signals fire on every change of what they name. It begins complete: no scan, no run
+/// of the tool and no stream starts by itself. What still runs when it ends is dropped. Main
+/// thread.
+class AppModel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AppModel(AppDependencies dependencies, QObject* parent = nullptr);
+
+    [[nodiscard]] LiveData& live() { return m_live; }
+    [[nodiscard]] AppSettings& settings() { return m_settings; }
+    [[nodiscard]] Exclusions& exclusions() { return m_settings.exclusions(); }
+    [[nodiscard]] AppLists& lists() { return m_lists; }
+    [[nodiscard]] ToastList& toasts() { return m_toasts; }
+
+    /// "home", "clean", "purge", "installer", "uninstall", "analyze", "status" or "settings".
+    [[nodiscard]] const std::string& screen() const { return m_screen; }
+    /// Leaves the screen, be it for itself: no sheet stays up, and no result of a run stays shown.
+    void go(const std::string& screen);
+
+    /// The confirmation that is up, if any.
+    [[nodiscard]] const std::optional<std::string>& sheet() const { return m_sheet; }
+    void setSheet(std::optional<std::string> id);
+
+    /// The confirmations whose runs were started.
+    [[nodiscard]] const std::set<std::string>& done() const { return m_done; }
+    void markDone(const std::string& id) { m_done.insert(id); }
+
+    /// Bytes that the last run gave back.
+    [[nodiscard]] std::int64_t lastCleanFreed() const { return m_lastCleanFreed; }
+    [[nodiscard]] std::int64_t lastPurgeFreed() const { return m_lastPurgeFreed; }
+    void setLastCleanFreed(std::int64_t bytes);
+    void setLastPurgeFreed(std::int64_t bytes);
+
+    [[nodiscard]] bool systemIsDark() const { return m_systemIsDark; }
+    [[nodiscard]] bool isLightTheme() const;
+
+    /// By screen; one without an entry shows its largest rows first.
+    [[nodiscard]] const std::map<std::string, SortKey>& sort() const { return m_sort; }
+    [[nodiscard]] SortKey sortOf(const std::string& screen) const;
+    void setSort(const std::string& screen, SortKey key);
+
+    /// What is typed into a screen's search field; "uninstall" has one.
+    [[nodiscard]] const std::map<std::string, std::string>& query() const { return m_query; }
+    [[nodiscard]] std::string queryOf(const std::string& screen) const;
+    void setQuery(const std::string& screen, std::string text);
+
+    /// Folders of the home that exist and cannot be listed, as the newest probe found them.
+    [[nodiscard]] const std::vector<diskAccess::Location>& blockedLocations() const
+    {
+        return m_blockedLocations;
+    }
+    [[nodiscard]] bool showAccessIntro() const { return m_showAccessIntro; }
+    /// For good: it never comes back.
+    void dismissAccessIntro(bool openSettings);
+
+    /// Every scan, afresh.
+    void scanAll();
+    /// Through the model a scan also brings its list and what is picked up to date. Without `force`
+    /// a result that is held is kept.
+    [[nodiscard]] QCoro::Task<> scanClean(bool force);
+    [[nodiscard]] QCoro::Task<> scanPurge(bool force);
+    void scanInstallers();
+    /// For the panel of the menu bar: keeping the results held, or afresh.
+    void scanForMenu();
+    void rescanForMenu();
+
+Q_SIGNALS:
+    void screenChanged();
+    void sheetChanged();
+    void lastCleanFreedChanged();
+    void lastPurgeFreedChanged();
+    void systemIsDarkChanged();
+    void isLightThemeChanged();
+    void sortChanged();
+    void queryChanged();
+    void blockedLocationsChanged();
+    void showAccessIntroChanged();
+
+private:
+    void followAppearance(SystemAppearance* appearance);
+    void readAppearance(const SystemAppearance* appearance);
+    void checkRunJournal(const std::string& folder);
+    void refreshMeters();
+    [[nodiscard]] QCoro::Task<> introduceAccess();
+    [[nodiscard]] QCoro::Task<> probeAccess();
+    [[nodiscard]] QCoro::Task<> readInstallers(int gen);
+    void setBlockedLocations(std::vector<diskAccess::Location> blocked);
+    void setShowAccessIntro(bool shown);
+
+    LiveData m_live;
+    AppSettings m_settings;
+    AppLists m_lists;
+    ToastList m_toasts;
+    AppReads m_reads;
+    AppMeters m_meters;
+    AppDoors m_doors;
+
+    std::string m_screen = "home";
+    std::optional<std::string> m_sheet;
+    std::set<std::string> m_done;
+    std::int64_t m_lastCleanFreed = 0;
+    std::int64_t m_lastPurgeFreed = 0;
+    bool m_systemIsDark = true;
+    std::map<std::string, SortKey> m_sort;
+    std::map<std::string, std::string> m_query;
+    std::vector<diskAccess::Location> m_blockedLocations;
+    bool m_showAccessIntro = false;
+};
+
+} // namespace zolva

@@ -1,0 +1,67 @@
+// The order in which a model comes to life.
+
+#include "core/AppModel.h"
+
+#include "async/Unawaited.h"
+#include "diagnostics/RunJournal.h"
+
+#include <utility>
+
+namespace zolva {
+
+// The members come first, in their order: live data, then the fields with their defaults.
+AppModel::AppModel(AppDependencies dependencies, QObject* parent)
+    : QObject(parent),
+      m_live(std::move(dependencies.runner), std::move(dependencies.scans), dependencies.mo),
+      m_settings(dependencies.prefs, m_live), m_toasts(dependencies.clock),
+      m_reads(std::move(dependencies.reads)), m_meters(std::move(dependencies.meters)),
+      m_doors(std::move(dependencies.doors))
+{
+    connect(&m_settings, &AppSettings::themeModeChanged, this, &AppModel::isLightThemeChanged);
+    if (dependencies.crashCapture) {
+        dependencies.crashCapture(dependencies.logFolder);
+    }
+    readAppearance(dependencies.appearance);
+    m_settings.loadPrefs();
+    followAppearance(dependencies.appearance);
+    if (m_meters.start) {
+        m_meters.start();
+    }
+    if (dependencies.steps.journalCheck) {
+        checkRunJournal(dependencies.logFolder);
+    }
+    if (dependencies.steps.accessProbe && !m_settings.prefs().seenAccessIntro()) {
+        unawaited(introduceAccess());
+    }
+}
+
+void AppModel::followAppearance(SystemAppearance* appearance)
+{
+    if (appearance == nullptr) {
+        return;
+    }
+    // At the news the desktop may still give the old answer; one turn of the event loop later it
+    // gives the new one.
+    connect(
+        appearance, &SystemAppearance::changed, this,
+        [this, appearance] { readAppearance(appearance); }, Qt::QueuedConnection);
+}
+
+void AppModel::readAppearance(const SystemAppearance* appearance)
+{
+    const bool dark = appearance != nullptr && appearance->isDark().value_or(false);
+    if (std::exchange(m_systemIsDark, dark) != dark) {
+        Q_EMIT systemIsDarkChanged();
+        Q_EMIT isLightThemeChanged();
+    }
+}
+
+void AppModel::checkRunJournal(const std::string& folder)
+{
+    if (const std::optional<UnfinishedRun> run = takeUnfinishedRun(folder)) {
+        m_toasts.addToast(BannerKind::Warning, QString::fromStdString(unfinishedRunText(*run)),
+                          QStringLiteral("Show log"), m_doors.logFolder);
+    }
+}
+
+} // namespace zolva

@@ -1,0 +1,218 @@
+#include "core/WholeModel.h"
+
+#include "support/qt/EventLoop.h"
+
+#include <functional>
+
+namespace zolva::test {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ModelPrefs : public WholeModel
+{
+protected:
+    template <typename T>
+    T stored(const std::string& key)
+    {
+        return std::get<T>(store.values.at(key));
+    }
+};
+
+} // namespace
+
+TEST_F(ModelPrefs, WhatIsStoredIsTakenOverAndNothingIsWrittenBack)
+{
+    store.values = {{"zolva.themeMode", std::string("dark")},
+                    {"zolva.pollInterval", std::int64_t{7}},
+                    {"zolva.diskThreshold", std::int64_t{55}},
+                    {"zolva.requireTouchID", false},
+                    {"zolva.keepInTrash", false},
+                    {"zolva.whitelist", Texts{"~/a", "", "~/b"}}};
+    AppModel& m = start();
+    EXPECT_EQ(m.settings().themeMode(), ThemeMode::Dark);
+    EXPECT_EQ(m.settings().poll(), 7);
+    EXPECT_EQ(m.live().pollInterval(), std::chrono::seconds(7));
+    EXPECT_EQ(m.settings().threshold(), 55);
+    EXPECT_FALSE(m.settings().touchid());
+    EXPECT_FALSE(m.settings().keepInTrash());
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", "~/b"}));
+    EXPECT_TRUE(store.writes.empty());
+}
+
+TEST_F(ModelPrefs, AnUnknownThemeIsTheSystemsAndTheNextSaveWritesThat)
+{
+    store.values["zolva.themeMode"] = std::string("sepia");
+    AppModel& m = start();
+    EXPECT_EQ(m.settings().themeMode(), ThemeMode::System);
+    m.settings().setTouchid(true);
+    EXPECT_EQ(stored<std::string>("zolva.themeMode"), "system");
+}
+
+TEST_F(ModelPrefs, StoredNumbersOutOfBoundsAreReadWithinThem)
+{
+    for (const auto& [poll, read] : {std::pair<std::int64_t, std::int64_t>{0, 1}, {90, 60}}) {
+        store.values["zolva.pollInterval"] = poll;
+        EXPECT_EQ(start().settings().poll(), read);
+    }
+    for (const auto& [threshold, read] :
+         {std::pair<std::int64_t, std::int64_t>{0, 1}, {150, 100}}) {
+        store.values["zolva.diskThreshold"] = threshold;
+        EXPECT_EQ(start().settings().threshold(), read);
+    }
+}
+
+TEST_F(ModelPrefs, EveryChangeOfOneWritesAllSixAtOnce)
+{
+    AppSettings& settings = start().settings();
+    const std::vector<std::function<void()>> changes = {
+        [&] { settings.setThemeMode(ThemeMode::Dark); },
+        [&] { settings.setPoll(5); },
+        [&] { settings.setThreshold(90); },
+        [&] { settings.setTouchid(false); },
+        [&] { settings.setKeepInTrash(false); },
+        [&] { settings.exclusions().setWhitelist({"~/x"}); }};
+    for (const auto& change : changes) {
+        store.writes.clear();
+        change();
+        ASSERT_EQ(store.writes.size(), 1U);
+        EXPECT_EQ(store.writes[0].size(), 6U);
+    }
+    EXPECT_EQ(store.writes[0], (RecordingStore::Written{{"zolva.themeMode", std::string("dark")},
+                                                        {"zolva.pollInterval", std::int64_t{5}},
+                                                        {"zolva.diskThreshold", std::int64_t{90}},
+                                                        {"zolva.requireTouchID", false},
+                                                        {"zolva.keepInTrash", false},
+                                                        {"zolva.whitelist", Texts{"~/x"}}}));
+}
+
+TEST_F(ModelPrefs, SettingTheSameValueSavesJustTheSameAndTellsNobody)
+{
+    AppSettings& settings = start().settings();
+    const Told theme(&settings, &AppSettings::themeModeChanged);
+    const Told poll(&settings, &AppSettings::pollChanged);
+    const Told threshold(&settings, &AppSettings::thresholdChanged);
+    const Told touchid(&settings, &AppSettings::touchidChanged);
+    const Told keep(&settings, &AppSettings::keepInTrashChanged);
+    settings.setThemeMode(settings.themeMode());
+    settings.setPoll(settings.poll());
+    settings.setThreshold(settings.threshold());
+    settings.setTouchid(settings.touchid());
+    settings.setKeepInTrash(settings.keepInTrash());
+    settings.exclusions().setWhitelist(settings.exclusions().whitelist());
+    EXPECT_EQ(store.writes.size(), 6U);
+    EXPECT_EQ(theme.count() + poll.count() + threshold.count() + touchid.count() + keep.count(), 0);
+}
+
+TEST_F(ModelPrefs, AChangedFieldIsTold)
+{
+    AppSettings& settings = start().settings();
+    const Told theme(&settings, &AppSettings::themeModeChanged);
+    const Told poll(&settings, &AppSettings::pollChanged);
+    const Told threshold(&settings, &AppSettings::thresholdChanged);
+    const Told touchid(&settings, &AppSettings::touchidChanged);
+    const Told keep(&settings, &AppSettings::keepInTrashChanged);
+    settings.setThemeMode(ThemeMode::Light);
+    settings.setPoll(9);
+    settings.setThreshold(9);
+    settings.setTouchid(false);
+    settings.setKeepInTrash(false);
+    EXPECT_EQ(theme.count(), 1);
+    EXPECT_EQ(poll.count(), 1);
+    EXPECT_EQ(threshold.count(), 1);
+    EXPECT_EQ(touchid.count(), 1);
+    EXPECT_EQ(keep.count(), 1);
+}
+
+TEST_F(ModelPrefs, AFieldKeepsWhatItWasGivenAndOnlyTheWrittenValueIsClamped)
+{
+    AppModel& m = start();
+    m.settings().setPoll(500);
+    m.settings().setThreshold(-3);
+    EXPECT_EQ(m.settings().poll(), 500);
+    EXPECT_EQ(m.settings().threshold(), -3);
+    EXPECT_EQ(m.live().pollInterval(), std::chrono::seconds(500));
+    EXPECT_EQ(stored<std::int64_t>("zolva.pollInterval"), 60);
+    EXPECT_EQ(stored<std::int64_t>("zolva.diskThreshold"), 1);
+}
+
+TEST_F(ModelPrefs, NothingIsSavedBeforeThePreferencesAreLoaded)
+{
+    LiveData live(std::make_unique<ScriptedRunner>(script), held.scans(),
+                  MoLocation{"/nowhere/mole", MoLocation::Kind::Shipped});
+    AppSettings settings(store, live);
+    settings.setPoll(4);
+    settings.exclusions().setWhitelist({"~/x"});
+    settings.savePrefs();
+    EXPECT_FALSE(settings.prefsLoaded());
+    EXPECT_TRUE(store.writes.empty());
+    settings.loadPrefs();
+    EXPECT_TRUE(settings.prefsLoaded());
+    EXPECT_EQ(settings.poll(), 1);
+    EXPECT_TRUE(store.writes.empty());
+    settings.savePrefs();
+    EXPECT_EQ(store.writes.size(), 1U);
+}
+
+TEST_F(ModelPrefs, AnotherIntervalReplacesARunningStream)
+{
+    AppModel& m = start();
+    m.live().retainStatus();
+    m.settings().setPoll(3);
+    EXPECT_EQ(script.intervals, (std::vector<std::chrono::seconds>{std::chrono::seconds(1),
+                                                                   std::chrono::seconds(3)}));
+    EXPECT_EQ(script.stopped, 1);
+    m.settings().setPoll(3);
+    EXPECT_EQ(script.intervals.size(), 2U);
+}
+
+TEST_F(ModelPrefs, AnExclusionIsSavedAsItIsAddedAndAsItIsRemoved)
+{
+    AppModel& m = start();
+    m.exclusions().setWlDraft("~/Projects");
+    EXPECT_TRUE(store.writes.empty());
+    m.exclusions().addExclusion();
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/Projects"}));
+    m.exclusions().removeExclusion("~/Projects");
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), Texts{});
+    EXPECT_EQ(store.writes.size(), 2U);
+}
+
+TEST_F(ModelPrefs, AnEmptyTextInTheListIsLostOnWritingAndStaysInTheField)
+{
+    AppModel& m = start();
+    m.exclusions().setWhitelist({"~/a", ""});
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/a"}));
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", ""}));
+}
+
+TEST_F(ModelPrefs, TheIntervalIsToldInSeconds)
+{
+    AppSettings& settings = start().settings();
+    EXPECT_EQ(settings.pollText(), "1 second");
+    settings.setPoll(2);
+    EXPECT_EQ(settings.pollText(), "2 seconds");
+    settings.setPoll(0);
+    EXPECT_EQ(settings.pollText(), "0 seconds");
+}
+
+TEST_F(ModelPrefs, TheThemeIsTheOneChosenOrTheDesktops)
+{
+    AppModel& m = start();
+    const Told told(&m, &AppModel::isLightThemeChanged);
+    for (const bool dark : {true, false}) {
+        appearance.dark = dark;
+        Q_EMIT appearance.changed();
+        pumpOnce();
+        m.settings().setThemeMode(ThemeMode::Light);
+        EXPECT_TRUE(m.isLightTheme());
+        m.settings().setThemeMode(ThemeMode::Dark);
+        EXPECT_FALSE(m.isLightTheme());
+        m.settings().setThemeMode(ThemeMode::System);
+        EXPECT_EQ(m.isLightTheme(), !dark);
+    }
+    EXPECT_EQ(told.count(), 8);
+}
+
+} // namespace zolva::test
