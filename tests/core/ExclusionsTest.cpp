@@ -1,7 +1,5 @@
 #include "core/Exclusions.h"
 
-#include "files/ExclusionRules.h"
-
 #include "support/ScopedHome.h"
 
 #include <gtest/gtest.h>
@@ -90,15 +88,6 @@ TEST_F(ExclusionList, RemovingTakesEveryEqualEntryAndKeepsTheOthersInOrder)
     m_list.setWhitelist({"~/b", "~/a", "~/b", "~/c"});
     m_list.removeExclusion(m_list.whitelist().front());
     EXPECT_EQ(m_list.whitelist(), (Texts{"~/a", "~/c"}));
-}
-
-TEST_F(ExclusionList, RemovingAnEntryDoesNotChangeTheListARunTookAtItsStart)
-{
-    m_list.setWhitelist({"~/a"});
-    const Texts ofTheRun = m_list.whitelist();
-    m_list.removeExclusion("~/a");
-    EXPECT_TRUE(isExcluded("/Users/me/a/file", ofTheRun));
-    EXPECT_FALSE(isExcluded("/Users/me/a/file", m_list.whitelist()));
 }
 
 TEST_F(ExclusionList, AHandEditedEmptyOrRootEntryCoversNothing)

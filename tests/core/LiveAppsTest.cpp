@@ -122,10 +122,6 @@ TEST_F(LiveApps, AnOlderListThatArrivesLastIsDropped)
     held.enrich.answer(1, {app("new")});
     held.enrich.answer(0, {app("old")});
     EXPECT_EQ(names(), Names{"new"});
-
-    live->forgetApps();
-    unawaited(live->loadApps());
-    EXPECT_TRUE(live->apps().isLoading());
 }
 
 TEST_F(LiveApps, OnlyTicksOfApplicationsThatStillExistAreKept)
@@ -205,12 +201,18 @@ TEST_F(LiveApps, LeftoversAreReadWithNoOtherApplicationsWhileNoListIsHeld)
     EXPECT_TRUE(held.residues[0].second.empty());
 }
 
-TEST_F(LiveApps, TwoCopiesOfAnApplicationAreTwoRows)
+TEST_F(LiveApps, TwoCopiesOfAnApplicationAreShownAndTickedApart)
 {
     UninstallApp copy = app("a");
     copy.path = "/Users/you/Applications/a.app";
-    EXPECT_EQ(id("a"), "org.a/Applications/a.app");
-    EXPECT_NE(copy.id(), id("a"));
+    load({app("a"), copy});
+    live->setApps({copy.id()}, true);
+    EXPECT_EQ(live->checkedApps(), PickSet{"org.a/Users/you/Applications/a.app"});
+    unawaited(live->focusApp(copy));
+    live->forgetApps();
+    load({app("a")}, 1);
+    EXPECT_TRUE(live->checkedApps().empty());
+    EXPECT_EQ(live->selectedAppID(), "org.a/Applications/a.app");
 }
 
 TEST_F(LiveApps, AShiftClickTicksTheRangeAndNeverUnticks)

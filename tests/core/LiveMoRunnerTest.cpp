@@ -210,6 +210,21 @@ TEST(StatusStream, WithNoToolThePathLookedAtIsTold)
     EXPECT_EQ(missingOf(stream.failure)->path, tree.path("first/mo"));
 }
 
+TEST(StatusStream, AToolThatAppearsWhereTheSearchLookedBeforeIsNotRun)
+{
+    ManualClock clock;
+    TempTree tree;
+    const std::vector<std::string> resources = {tree.path("lib")};
+    const std::vector<std::string> places = {tree.path("first/mo"), tree.path("second/mo")};
+    LiveMoRunner runner(clock, findMo(resources, places));
+    tree.text("second/mo", "#!/bin/sh\n");
+    tree.setMode("second/mo", 0755);
+    ASSERT_EQ(findMo(resources, places).path, tree.path("second/mo"));
+    const Stream stream = drained(runner.statusStream(1s));
+    ASSERT_NE(missingOf(stream.failure), nullptr);
+    EXPECT_EQ(missingOf(stream.failure)->path, tree.path("first/mo"));
+}
+
 TEST(StatusStream, AToolDeletedAfterStartUpIsNoticedAtTheNextRun)
 {
     Bridge bridge(R"(cat "$here/line"; exec sleep 1000)");

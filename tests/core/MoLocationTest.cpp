@@ -3,9 +3,14 @@
 #include "core/Resources.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
+#include "support/qt/EventLoop.h"
+
+#include <QProcess>
+#include <QString>
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -93,11 +98,26 @@ TEST_F(MoLocationTest, ALinkToAToolIsFollowedAndADanglingOneIsNone)
     EXPECT_EQ(find().path, m_tree.path("second/mo"));
 }
 
-TEST_F(MoLocationTest, TheSearchOfThisProcessIsMadeOnce)
+TEST_F(MoLocationTest, AToolInstalledAfterStartUpIsNotFoundByTheProcessThatRuns)
 {
-    const MoLocation& once = moLocation();
-    EXPECT_EQ(&moLocation(), &once);
-    EXPECT_FALSE(once.path.empty());
+    m_tree.folder("bin");
+    std::filesystem::copy_file(LOCATION_PROBE, m_tree.path("bin/probe"));
+    QProcess probe;
+    probe.start(QString::fromStdString(m_tree.path("bin/probe")), {});
+    const auto answer = [&probe](const char* question) {
+        probe.write(question);
+        pumpUntil([&] { return probe.canReadLine(); });
+        return probe.readLine().trimmed().toStdString();
+    };
+    const std::string before = answer("known\n");
+    const std::string installed = executable("share/zolva/mole/bin/mole");
+    EXPECT_NE(before, installed);
+    EXPECT_EQ(answer("known\n"), before);
+    // It would be found by a search.
+    EXPECT_EQ(answer("again\n"), installed);
+    EXPECT_EQ(answer("known\n"), before);
+    probe.closeWriteChannel();
+    pumpUntil([&] { return probe.state() == QProcess::NotRunning; });
 }
 
 TEST_F(MoLocationTest, TheResourcesStandRelativeToTheExecutableOnly)

@@ -10,6 +10,7 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <fstream>
 
 namespace zolva {
@@ -21,7 +22,12 @@ using Texts = std::vector<std::string>;
 class PrefsOnDisk : public ::testing::Test
 {
 protected:
-    void stored(const std::string& content) { m_tree.text("zolva/preferences.json", content); }
+    /// As an editor or another process leaves it: another file in the place of the old one.
+    void stored(const std::string& content)
+    {
+        const std::string next = m_tree.text("zolva/next", content);
+        std::filesystem::rename(next, m_tree.path("zolva/preferences.json"));
+    }
 
     [[nodiscard]] json onDisk() const
     {

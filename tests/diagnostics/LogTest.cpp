@@ -41,6 +41,16 @@ TEST(Log, TheMessagesOfTheApplicationHaveTheirCategoryLevelAndWords)
               (LogRecord{App, Error, "update check failed: no route"}));
 }
 
+TEST(Log, TheMessagesOfThePreferencesHaveTheirCategoryLevelAndWords)
+{
+    EXPECT_EQ(loggedBy([] { log::preferencesSetAside("/h/p.damaged"); }),
+              (LogRecord{App, Error, "preferences damaged, set aside as /h/p.damaged"}));
+    EXPECT_EQ(loggedBy([] { log::preferencesUnreadable("why"); }),
+              (LogRecord{App, Error, "preferences not read: why"}));
+    EXPECT_EQ(loggedBy([] { log::preferencesUnwritten("why"); }),
+              (LogRecord{App, Error, "preferences not written: why"}));
+}
+
 TEST(Log, TheMessagesOfRunsHaveTheirCategoryLevelAndWords)
 {
     EXPECT_EQ(loggedBy([] { log::unfinishedRun("a\tb"); }),

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 namespace zolva {
@@ -48,12 +49,17 @@ TEST(EnrichApp, FillsVersionDateAndBytesFromTheBundleAndLeavesTheRest)
     EXPECT_EQ(app.path, tree.path("Foo.app"));
 }
 
-TEST(EnrichApp, TheDateIsWhenItWasAddedOrElseCreated)
+TEST(EnrichApp, TheDateIsOfTheBundlesArrivalAndNotOfItsContent)
 {
+    using namespace std::chrono_literals;
     TempTree tree;
+    const auto before = std::chrono::system_clock::now() - 5s;
     const std::string bundle = tree.folder("Foo.app");
-    const auto added = addedToFolderDate(bundle);
-    EXPECT_EQ(enrichApp(appAt(bundle)).installedDate, added ? added : creationDate(bundle));
+    tree.setModified("Foo.app", before - 24h);
+    const auto installed = enrichApp(appAt(bundle)).installedDate;
+    // None where neither date is kept on the disk.
+    ASSERT_EQ(installed.has_value(), creationDate(bundle).has_value());
+    EXPECT_TRUE(!installed || *installed >= before);
 }
 
 TEST(EnrichApp, AMissingBundleHasZeroBytesAndNothingElse)

@@ -187,9 +187,11 @@ TEST_F(Installers, OneBlockIsEnough)
 
 TEST_F(Installers, LinksFifosAndSocketsAreNotListed)
 {
-    make("elsewhere/Tool.dmg");
-    tree.link("Downloads/link.dmg", tree.path("elsewhere/Tool.dmg"));
-    tree.link("Downloads/dangling.dmg", "nowhere");
+    // A target this long has a block of its own on the usual disks, so that the links have bytes.
+    const std::string folder(200, 'e');
+    make(folder + "/Tool.dmg");
+    tree.link("Downloads/link.dmg", tree.path(folder + "/Tool.dmg"));
+    tree.link("Downloads/dangling.dmg", std::string(200, 'n'));
     tree.fifo("Downloads/fifo.dmg");
     socketAt(tree.path("Downloads/socket.dmg"));
     EXPECT_EQ(scannedPaths(), Names{});

@@ -206,20 +206,30 @@ TEST_F(LeftoverScan, TheSameIdentifierSharesTheIdentifierKeyedRowsAndTheFirstOwn
 
 TEST_F(LeftoverScan, AnEntryOfTheSameIdIsTheApplicationItself)
 {
-    block("Library/Caches/org.foo/a");
+    block("Library/Caches/org.foo/a", 2);
+    block("Library/Logs/Foo/a");
+    const Texts unshared = {"Caches ~/Library/Caches/org.foo 1 8192",
+                            "Logs ~/Library/Logs/Foo 1 4096", m_bundleRow};
     UninstallApp twin = m_app;
     twin.name = "Foo listed twice";
-    EXPECT_EQ(rows({twin}), (Texts{"Caches ~/Library/Caches/org.foo 1 4096", m_bundleRow}));
+    EXPECT_EQ(rows({twin}), unshared);
     // Identifier and path run together without a separator.
     const std::string path = m_app.path;
-    const UninstallApp split = appOf("Split", "org.foo" + path.substr(0, 4), path.substr(4));
-    EXPECT_EQ(split.id(), m_app.id());
+    const UninstallApp split = appOf("Foo", "org.foo" + path.substr(0, 4), path.substr(4));
+    EXPECT_EQ(rows({split}), unshared);
 }
 
 TEST_F(LeftoverScan, AnApplicationThatIsNotInTheListIsScannedAlike)
 {
-    block("Library/Caches/org.foo/a");
-    EXPECT_EQ(scanResidue(m_app, {}).size(), 2U);
+    block("Library/Caches/org.foo/a", 3);
+    block("Library/Logs/Foo/a");
+    const UninstallApp namesake = appOf("Foo", "com.other", "/x");
+    const std::vector<ResidueRow> found = scanResidue(m_app, {namesake});
+    ASSERT_EQ(found.size(), 3U);
+    EXPECT_EQ(found[0].b, 12288);
+    EXPECT_FALSE(found[0].shared);
+    EXPECT_EQ(found[1].sharedWith, "Foo");
+    EXPECT_EQ(scanResidue(m_app, {}).size(), 3U);
 }
 
 TEST_F(LeftoverScan, WhenBothKeysAreUnusableTheBundleRowIsLeft)
