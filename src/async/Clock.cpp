@@ -16,7 +16,7 @@ struct SystemClock::Sleeper
         Sleeper* sleeper;
 
         [[nodiscard]] bool await_ready() const noexcept { return false; }
-        void await_suspend(std::coroutine_handle<> handle) const { sleeper->fallAsleep(handle); }
+        void await_suspend(std::coroutine_handle<> waiting) const { sleeper->fallAsleep(waiting); }
         void await_resume() const noexcept {}
     };
 

@@ -16,7 +16,7 @@ namespace {
 
 /// More than any pipe holds, so that a call finds the end of what was written before it; and not so
 /// much that one who writes without end keeps the event loop waiting.
-constexpr qsizetype mostAtOnce = 1024 * 1024;
+constexpr qsizetype mostAtOnce = 1'048'576;
 
 void closeOnce(int& descriptor)
 {
