@@ -17,8 +17,7 @@ TrashAttempt trashOn(const std::shared_ptr<RemovalDisk>& disk, const std::string
     return disk->trashOnePath(path);
 }
 
-RemovalDisk::Purge purgeOn(const std::shared_ptr<RemovalDisk>& disk,
-                           const std::vector<std::string>& landed)
+Purge purgeOn(const std::shared_ptr<RemovalDisk>& disk, const std::vector<std::string>& landed)
 {
     return disk->purgeFromTrash(landed);
 }
@@ -26,10 +25,10 @@ RemovalDisk::Purge purgeOn(const std::shared_ptr<RemovalDisk>& disk,
 /// The text of an outcome that was refused or failed; null for the others.
 const std::string* failureText(const TrashOutcome& outcome)
 {
-    if (const auto* refused = std::get_if<Refused>(&outcome)) {
+    if (const auto* refused = std::get_if<TrashRefused>(&outcome)) {
         return &refused->text;
     }
-    const auto* failed = std::get_if<Failed>(&outcome);
+    const auto* failed = std::get_if<TrashFailed>(&outcome);
     return failed ? &failed->text : nullptr;
 }
 
@@ -50,7 +49,7 @@ QCoro::Task<std::vector<RunItem>> moveInTurn(RunTools tools, std::vector<std::st
         }
     }
     const bool moved = std::any_of(items.begin(), items.end(), [](const RunItem& item) {
-        return std::holds_alternative<Moved>(item.attempt.outcome);
+        return std::holds_alternative<TrashMoved>(item.attempt.outcome);
     });
     if (tools.state && moved) {
         tools.trash.noteJustTrashed();
@@ -59,10 +58,10 @@ QCoro::Task<std::vector<RunItem>> moveInTurn(RunTools tools, std::vector<std::st
 }
 
 /// Nothing can stop it: also what a stopped run has moved is deleted.
-QCoro::Task<RemovalDisk::Purge> purgeLanded(RunTools tools, std::vector<std::string> landed)
+QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<std::string> landed)
 {
     const auto count = static_cast<std::int64_t>(landed.size());
-    RemovalDisk::Purge purge = co_await background(&purgeOn, tools.disk, std::move(landed));
+    Purge purge = co_await background(&purgeOn, tools.disk, std::move(landed));
     if (tools.state) {
         tools.state->setDone(count);
     }
@@ -84,7 +83,7 @@ std::int64_t bytesMoved(const std::vector<RunItem>& items)
 {
     std::int64_t bytes = 0;
     for (const RunItem& item : items) {
-        if (const auto* moved = std::get_if<Moved>(&item.attempt.outcome)) {
+        if (const auto* moved = std::get_if<TrashMoved>(&item.attempt.outcome)) {
             bytes += moved->bytes;
         }
     }
@@ -128,7 +127,7 @@ QCoro::Task<RunResult> runBulk(RunTools tools, BulkOrder order, HeldRunLock lock
     if (!tools.settings.keepInTrash()) {
         std::vector<std::string> landed = landedOf(result.items);
         bulk.enterPhase(runname::emptyTrash.title, landed.size());
-        RemovalDisk::Purge purge = co_await purgeLanded(tools, std::move(landed));
+        Purge purge = co_await purgeLanded(tools, std::move(landed));
         result.purged = purge.purged;
         result.problems = std::move(purge.problems);
         if (!tools.state) {
@@ -162,7 +161,7 @@ RunFigures figuresOf(const RunResult& result)
     figures.purged = result.purged;
     figures.problems = result.problems;
     for (const RunItem& item : result.items) {
-        if (std::holds_alternative<Moved>(item.attempt.outcome)) {
+        if (std::holds_alternative<TrashMoved>(item.attempt.outcome)) {
             ++figures.moved;
         } else if (const std::string* text = failureText(item.attempt.outcome)) {
             figures.failures.push_back(*text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "removal/disk/PurgeFromTrash.h"
 #include "removal/disk/TrashOnePath.h"
 
 #include <atomic>
@@ -24,11 +25,6 @@ public:
     /// Guarded, measured and logged.
     [[nodiscard]] virtual TrashAttempt trashOnePath(const std::string& path) = 0;
 
-    struct Purge
-    {
-        std::int64_t purged = 0;
-        std::vector<std::string> problems;
-    };
     /// Deletes for good what landed in the Trash, and nothing outside it. Logged.
     [[nodiscard]] virtual Purge purgeFromTrash(const std::vector<std::string>& landed) = 0;
 
@@ -60,7 +56,7 @@ public:
     [[nodiscard]] virtual std::optional<std::vector<std::string>> listTrash() = 0;
     /// Bytes on disk of all entries. Returns early, with any figure, once `stop` is set.
     [[nodiscard]] virtual std::int64_t measureTrash(const std::atomic<bool>& stop) = 0;
-    /// Deletes one entry for good, whatever it is; the system's words where that failed.
+    /// Deletes one entry for good, whatever it is; the system's words where that failed. Logged.
     [[nodiscard]] virtual std::optional<std::string> deleteFromTrash(const std::string& name) = 0;
 };
 
