@@ -1,0 +1,130 @@
+#include "async/Background.h"
+#include "async/Unawaited.h"
+
+#include "support/qt/EventLoop.h"
+
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace zolva {
+namespace {
+
+std::string joined(const std::vector<std::string>& parts, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i) {
+        for (const std::string& part : parts) {
+            all += part;
+        }
+    }
+    return all;
+}
+
+std::thread::id whereAmI()
+{
+    return std::this_thread::get_id();
+}
+
+bool hasAlternateStack()
+{
+    stack_t now{};
+    return ::sigaltstack(nullptr, &now) == 0 && (now.ss_flags & SS_DISABLE) == 0;
+}
+
+QCoro::Task<std::thread::id> whereItGoesOn()
+{
+    co_await background([] {});
+    co_return std::this_thread::get_id();
+}
+
+TEST(Background, GivesTheResultOfTheFunctionOnItsArguments)
+{
+    EXPECT_EQ(test::settled(background(joined, std::vector<std::string>{"a", "b"}, 2)), "abab");
+}
+
+TEST(Background, RunsOnAnotherThreadAndGoesOnOnTheCallers)
+{
+    EXPECT_NE(test::settled(background(whereAmI)), std::this_thread::get_id());
+    EXPECT_EQ(test::settled(whereItGoesOn()), std::this_thread::get_id());
+}
+
+TEST(Background, StartingDoesNotBlockAndEndsOnlyByTheEventLoop)
+{
+    const auto task = background([] { return 1; });
+    QThread::msleep(20);
+    EXPECT_FALSE(task.isReady());
+    test::pumpUntil([&] { return task.isReady(); });
+}
+
+TEST(Background, ResultsNeedNotBeCopyable)
+{
+    auto result = test::settled(background([](int n) { return std::make_unique<int>(n); }, 7));
+    ASSERT_TRUE(result);
+    EXPECT_EQ(*result, 7);
+}
+
+TEST(Background, EveryThreadOfThePoolHasAStackForSignals)
+{
+    EXPECT_TRUE(test::settled(background(hasAlternateStack)));
+}
+
+TEST(Background, AHundredAtOnceAllComeBack)
+{
+    std::vector<QCoro::Task<int>> tasks;
+    for (int i = 0; i < 100; ++i) {
+        tasks.push_back(background([](int n) { return n * n; }, i));
+    }
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(test::settled(std::move(tasks[static_cast<std::size_t>(i)])), i * i);
+    }
+}
+
+TEST(BackgroundDeathTest, AnExceptionFromTheFunctionEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(test::settled(background([] { throw std::runtime_error("lost"); })),
+                ::testing::KilledBySignal(SIGABRT), "lost");
+}
+
+QCoro::Task<> notesAndThrows(bool& noted)
+{
+    co_await background([] {});
+    noted = true;
+    throw std::runtime_error("dropped");
+}
+
+QCoro::Task<> notes(bool& noted)
+{
+    co_await background([] {});
+    noted = true;
+}
+
+TEST(Unawaited, TheTaskRunsToItsEnd)
+{
+    bool noted = false;
+    unawaited(notes(noted));
+    test::pumpUntil([&] { return noted; });
+    EXPECT_TRUE(noted);
+}
+
+TEST(UnawaitedDeathTest, AnExceptionFromTheTaskEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    bool noted = false;
+    EXPECT_EXIT(
+        {
+            unawaited(notesAndThrows(noted));
+            test::pumpUntil([] { return false; });
+        },
+        ::testing::KilledBySignal(SIGABRT), "dropped");
+}
+
+} // namespace
+} // namespace zolva
