@@ -6,7 +6,13 @@
 
 namespace zolva {
 
-enum class EntryKind { File, Folder, Link, Other };
+enum class EntryKind
+{
+    File,
+    Folder,
+    Link,
+    Other
+};
 
 /// One entry of a folder; links are links, whatever they point to.
 struct FolderEntry
@@ -15,7 +21,11 @@ struct FolderEntry
     EntryKind kind = EntryKind::Other;
 };
 
-enum class HiddenEntries { Keep, Skip };
+enum class HiddenEntries
+{
+    Keep,
+    Skip
+};
 
 /// The entries of the folder in the order the system lists them, without "." and ".."; nothing if
 /// it cannot be listed. A link to a folder is followed. Hidden means that the name begins with ".".

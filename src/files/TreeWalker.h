@@ -39,8 +39,8 @@ struct WalkProgress
 
 struct WalkOptions
 {
-    unsigned threads = 0;    ///< 0: as many as suit the machine
-    bool keepLargest = true; ///< off: `largest` stays empty
+    unsigned threads = 0;                              ///< 0: as many as suit the machine
+    bool keepLargest = true;                           ///< off: `largest` stays empty
     std::function<void(const WalkProgress&)> progress; ///< called from any thread, one at a time
 };
 
@@ -56,7 +56,6 @@ struct WalkOptions
 /// entered where they are met. Neither hits nor entries named in `pruned` (which wins) are entered.
 /// Adds to `found` full paths that begin with the root's text.
 void findByName(const std::string& root, const std::set<std::string, std::less<>>& hits,
-                const std::set<std::string, std::less<>>& pruned,
-                std::vector<std::string>& found);
+                const std::set<std::string, std::less<>>& pruned, std::vector<std::string>& found);
 
 } // namespace zolva

@@ -1,0 +1,50 @@
+#include "files/FolderTally.h"
+
+#include "files/TreeWalker.h"
+#include "files/WalkSystem.h"
+
+#include <algorithm>
+
+namespace zolva {
+
+std::int64_t allocatedSize(const std::string& path)
+{
+    NodeStatus status;
+    return statusOf(path, LastLink::Refuse, status) ? status.allocated : 0;
+}
+
+Tally folderTally(const std::string& path)
+{
+    return folderTallies({path}).front();
+}
+
+std::vector<Tally> folderTallies(const std::vector<std::string>& paths)
+{
+    std::vector<Tally> tallies(paths.size());
+    std::vector<std::string> folders;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        NodeStatus itself;
+        NodeStatus target;
+        if (!statusOf(paths[i], LastLink::Refuse, itself) ||
+            !statusOf(paths[i], LastLink::Follow, target)) {
+            continue;
+        }
+        if (itself.kind != NodeKind::Folder) {
+            tallies[i] = {1, itself.allocated};
+            continue;
+        }
+        tallies[i] = {1, 0};
+        folders.push_back(paths[i]);
+        places.push_back(i);
+    }
+    WalkOptions options;
+    options.keepLargest = false;
+    const std::vector<Walk> walks = walkTrees(folders, options);
+    for (std::size_t i = 0; i < walks.size(); ++i) {
+        tallies[places[i]] = {std::max<std::int64_t>(1, walks[i].files), walks[i].bytes};
+    }
+    return tallies;
+}
+
+} // namespace zolva

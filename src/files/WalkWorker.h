@@ -1,0 +1,89 @@
+#pragma once
+
+#include "files/TreeWalker.h"
+#include "files/WalkCrew.h"
+#include "files/WalkDescriptors.h"
+#include "files/WalkLane.h"
+#include "files/WalkRoots.h"
+#include "files/WalkSystem.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <vector>
+
+namespace zolva {
+
+/// Adds up what the threads of a walk find, and tells it now and then. Any thread.
+class WalkMeter
+{
+public:
+    explicit WalkMeter(const std::function<void(const WalkProgress&)>& tell);
+
+    [[nodiscard]] bool wanted() const { return static_cast<bool>(m_tell); }
+    void add(std::int64_t files, std::int64_t bytes);
+    /// Tells the sums whenever the last time was.
+    void tellNow();
+
+private:
+    const std::function<void(const WalkProgress&)>& m_tell;
+    std::atomic<std::int64_t> m_files = 0;
+    std::atomic<std::int64_t> m_bytes = 0;
+    std::mutex m_telling;
+    std::chrono::steady_clock::time_point m_last; ///< guarded by `m_telling`
+};
+
+/// What the threads of a walk have in common.
+struct WalkShared
+{
+    WalkRoots& roots;
+    WalkDescriptors& descriptors;
+    WalkMeter& meter;
+    bool keepLargest;
+    std::vector<WalkRoot*> starts;
+};
+
+/// One thread's part in a walk.
+class WalkWorker
+{
+public:
+    explicit WalkWorker(WalkShared& shared) : m_shared(shared) {}
+    ~WalkWorker();
+    WalkWorker(const WalkWorker&) = delete;
+    WalkWorker& operator=(const WalkWorker&) = delete;
+
+    void work(WalkCrew& crew);
+
+private:
+    struct Sums
+    {
+        std::int64_t files = 0;
+        std::int64_t bytes = 0;
+        std::int64_t unreadable = 0;
+    };
+
+    bool doNext(WalkLane& lane);
+    void startRoot(WalkLane& lane, WalkRoot& root);
+    void enter(WalkLane& lane, const WalkFolderRef& parent, const char* name, bool mayBeRoot);
+    void list(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
+    void readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
+    std::int64_t keepCandidate(WalkLane& lane, const WalkFolderRef& folder, const char* name,
+                               std::int64_t size);
+    void addItem(const char* name, std::int64_t sizeOrMark);
+    [[nodiscard]] Sums& sumsOf(WalkRoot& root);
+    void settleSums();
+
+    WalkShared& m_shared;
+    FolderReader m_reader;
+    WalkRoot* m_root = nullptr; ///< whose sums `m_sums` are
+    Sums m_sums;
+    // Of the folder being listed:
+    WalkListing m_listing;
+    std::uint32_t m_folders = 0;
+    bool m_behindFolder = false; ///< a candidate was found behind the first folder
+    LargestSizes m_sizes;        ///< known to stand before it then
+};
+
+} // namespace zolva

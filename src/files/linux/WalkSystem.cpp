@@ -1,0 +1,251 @@
+#include "files/WalkSystem.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+
+namespace zolva {
+
+namespace {
+
+constexpr std::size_t bufferSize = std::size_t{32} * 1024;
+constexpr std::int64_t blockSize = 512; // st_blocks counts these, whatever the file system's own
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
+
+NodeKind kindOf(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return NodeKind::File;
+    case S_IFDIR:
+        return NodeKind::Folder;
+    case S_IFLNK:
+        return NodeKind::Link;
+    default:
+        return NodeKind::Other;
+    }
+}
+
+NodeKind kindOfListed(unsigned char type)
+{
+    switch (type) {
+    case DT_REG:
+        return NodeKind::File;
+    case DT_DIR:
+        return NodeKind::Folder;
+    case DT_LNK:
+        return NodeKind::Link;
+    case DT_UNKNOWN:
+        return NodeKind::Unknown;
+    default:
+        return NodeKind::Other;
+    }
+}
+
+void fillIn(const struct stat& from, NodeStatus& status)
+{
+    status.kind = kindOf(from.st_mode);
+    status.allocated = static_cast<std::int64_t>(from.st_blocks) * blockSize;
+    status.id = {static_cast<std::uint64_t>(from.st_dev), static_cast<std::uint64_t>(from.st_ino)};
+}
+
+int noFollow(LastLink link)
+{
+    return link == LastLink::Follow ? 0 : O_NOFOLLOW;
+}
+
+/// Goes down a path that is too long for one call until the rest is short enough.
+class ShortenedPath
+{
+public:
+    explicit ShortenedPath(const std::string& path) : m_rest(path.c_str())
+    {
+        std::size_t left = path.size();
+        while (left >= PATH_MAX) {
+            const std::string_view head(m_rest, PATH_MAX - 1);
+            const std::size_t cut = head.rfind('/');
+            if (cut == std::string_view::npos || cut == 0) {
+                fail(ENAMETOOLONG);
+                return;
+            }
+            const int step =
+                openStep(m_at, std::string(head.substr(0, cut)).c_str(), LastLink::Follow);
+            if (step < 0) {
+                fail(errno);
+                return;
+            }
+            closeStep();
+            m_at = step;
+            std::size_t next = cut;
+            while (m_rest[next] == '/') {
+                ++next;
+            }
+            m_rest += next;
+            left -= next;
+            if (left == 0) {
+                m_rest = ".";
+            }
+        }
+    }
+    ~ShortenedPath()
+    {
+        const int kept = errno;
+        closeStep();
+        errno = kept;
+    }
+    ShortenedPath(const ShortenedPath&) = delete;
+    ShortenedPath& operator=(const ShortenedPath&) = delete;
+
+    /// False with errno.
+    [[nodiscard]] bool reached() const
+    {
+        errno = m_error;
+        return m_error == 0;
+    }
+    [[nodiscard]] int at() const { return m_at; }
+    [[nodiscard]] const char* rest() const { return m_rest; }
+
+private:
+    void fail(int error) { m_error = error; }
+    void closeStep()
+    {
+        if (m_at >= 0) {
+            ::close(m_at);
+        }
+    }
+
+    const char* m_rest;
+    int m_at = AT_FDCWD;
+    int m_error = 0;
+};
+
+} // namespace
+
+int openFolder(int parent, const char* name, LastLink link, bool& spareTimes)
+{
+    const int flags = folderFlags | noFollow(link);
+    if (spareTimes) {
+        const int folder = ::openat(parent, name, flags | O_NOATIME);
+        if (folder >= 0 || errno != EPERM) {
+            return folder;
+        }
+        spareTimes = false; // Only the owner of a folder may ask for it.
+    }
+    return ::openat(parent, name, flags);
+}
+
+int openFolder(const std::string& path, bool& spareTimes)
+{
+    const ShortenedPath shortened(path);
+    return shortened.reached()
+               ? openFolder(shortened.at(), shortened.rest(), LastLink::Follow, spareTimes)
+               : -1;
+}
+
+int openStep(int parent, const char* path, LastLink link)
+{
+    return ::openat(parent, path, O_PATH | O_DIRECTORY | O_CLOEXEC | noFollow(link));
+}
+
+int openStep(const std::string& path)
+{
+    const ShortenedPath shortened(path);
+    return shortened.reached() ? openStep(shortened.at(), shortened.rest(), LastLink::Follow) : -1;
+}
+
+bool statusOf(int folder, const char* name, NodeStatus& status)
+{
+    struct stat found;
+    if (::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) {
+        return false;
+    }
+    fillIn(found, status);
+    return true;
+}
+
+bool statusOf(int descriptor, NodeStatus& status)
+{
+    struct stat found;
+    if (::fstat(descriptor, &found) != 0) {
+        return false;
+    }
+    fillIn(found, status);
+    return true;
+}
+
+bool statusOf(const std::string& path, LastLink link, NodeStatus& status)
+{
+    const ShortenedPath shortened(path);
+    struct stat found;
+    const int flags = link == LastLink::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
+    if (!shortened.reached() || ::fstatat(shortened.at(), shortened.rest(), &found, flags) != 0) {
+        return false;
+    }
+    fillIn(found, status);
+    return true;
+}
+
+std::size_t longestPath()
+{
+    return PATH_MAX;
+}
+
+std::size_t descriptorLimit()
+{
+    struct rlimit limit
+    {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) {
+        return 1024;
+    }
+    return static_cast<std::size_t>(limit.rlim_cur);
+}
+
+FolderReader::FolderReader() : m_buffer(new char[bufferSize]) {}
+
+void FolderReader::start(int folder)
+{
+    m_folder = folder;
+    m_at = 0;
+    m_filled = 0;
+    m_failed = false;
+}
+
+bool FolderReader::fill()
+{
+    const ssize_t got = ::getdents64(m_folder, m_buffer.get(), bufferSize);
+    m_at = 0;
+    m_filled = got > 0 ? static_cast<std::size_t>(got) : 0;
+    // A folder removed while it is read has come to its end.
+    m_failed = got < 0 && errno != ENOENT;
+    return got > 0;
+}
+
+bool FolderReader::next(Entry& entry)
+{
+    for (;;) {
+        if (m_at == m_filled && !fill()) {
+            return false;
+        }
+        // The system aligns its records, and the buffer comes from new[].
+        const auto* record =
+            static_cast<const dirent64*>(static_cast<const void*>(m_buffer.get() + m_at));
+        m_at += record->d_reclen;
+        const char* name = static_cast<const char*>(record->d_name);
+        if (name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'))) {
+            continue;
+        }
+        entry.name = name;
+        entry.kind = kindOfListed(record->d_type);
+        entry.inode = record->d_ino;
+        return true;
+    }
+}
+
+} // namespace zolva
