@@ -86,22 +86,35 @@ Walk plainWalk(const std::string& folder)
     return walk;
 }
 
-/// A file whose blocks are certain at once.
-void blockFile(const std::string& path, std::int64_t blocks)
+/// Files of 0 to 29 blocks, made once; the trees hold hard links to them, since that is quicker
+/// than to fill files, and makes their blocks certain.
+class BlockFiles
 {
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
-    ASSERT_GE(fd, 0) << path;
-    if (blocks > 0) {
-        ASSERT_EQ(::posix_fallocate(fd, 0, blocks * 4096), 0);
+public:
+    BlockFiles()
+    {
+        for (std::int64_t blocks = 0; blocks < 30; ++blocks) {
+            const std::string path = m_tree.path(std::to_string(blocks));
+            const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+            EXPECT_GE(fd, 0) << path;
+            EXPECT_EQ(blocks == 0 ? 0 : ::posix_fallocate(fd, 0, blocks * 4096), 0) << path;
+            ::close(fd);
+        }
     }
-    ::close(fd);
-}
+    [[nodiscard]] std::string of(std::size_t blocks) const
+    {
+        return m_tree.path(std::to_string(blocks));
+    }
+
+private:
+    zolva::test::TempTree m_tree;
+};
 
 /// Random folders, files of few different sizes (or of ever larger ones), links and pipes.
 class RandomTree
 {
 public:
-    explicit RandomTree(unsigned seed) : m_random(seed)
+    RandomTree(const BlockFiles& blocks, unsigned seed) : m_blocks(blocks), m_random(seed)
     {
         m_folders.push_back(m_tree.root());
         m_sizes = pick(3) == 0 ? 30 : 1 + pick(5);
@@ -114,7 +127,9 @@ public:
             m_folders.push_back(path);
         }
         for (unsigned i = 0; i < files; ++i) {
-            addFile(i);
+            m_files.push_back(newPath());
+            const std::string source = m_blocks.of(pick(m_sizes));
+            EXPECT_EQ(::link(source.c_str(), m_files.back().c_str()), 0) << m_files.back();
         }
         for (unsigned i = pick(4); i > 0; --i) {
             const std::string path = anyFolder() + "/l" + std::to_string(i);
@@ -125,28 +140,39 @@ public:
     [[nodiscard]] const std::string& root() const { return m_tree.root(); }
     [[nodiscard]] const std::string& anyFolder() { return m_folders[pick(m_folders.size())]; }
 
+    /// Makes another tree of it: other places, other sizes.
+    void shuffle()
+    {
+        for (std::size_t i = 1 + pick(12); i > 0; --i) {
+            std::string& file = m_files[pick(m_files.size())];
+            const std::string path = newPath();
+            if (pick(2) == 0) {
+                EXPECT_EQ(::rename(file.c_str(), path.c_str()), 0) << file;
+            } else {
+                EXPECT_EQ(::unlink(file.c_str()), 0) << file;
+                EXPECT_EQ(::link(m_blocks.of(pick(m_sizes)).c_str(), path.c_str()), 0) << path;
+            }
+            file = path;
+        }
+    }
+
     std::size_t pick(std::size_t below)
     {
         return std::uniform_int_distribution<std::size_t>(0, below - 1)(m_random);
     }
 
 private:
-    void addFile(unsigned number)
+    std::string newPath()
     {
-        const std::string path =
-            anyFolder() + "/f" + std::to_string(pick(1000)) + "-" + std::to_string(number);
-        if (pick(8) == 0 && !m_last.empty()) {
-            EXPECT_EQ(::link(m_last.c_str(), path.c_str()), 0);
-            return;
-        }
-        blockFile(path, static_cast<std::int64_t>(pick(m_sizes)));
-        m_last = path;
+        return anyFolder() + "/f" + std::to_string(pick(1000)) + "-" + std::to_string(++m_made);
     }
 
+    const BlockFiles& m_blocks;
     std::mt19937 m_random;
     zolva::test::TempTree m_tree;
     std::vector<std::string> m_folders;
-    std::string m_last;
+    std::vector<std::string> m_files;
+    std::size_t m_made = 0;
     std::size_t m_sizes = 1;
 };
 
@@ -158,28 +184,36 @@ void expectSame(const Walk& walk, const Walk& plain, const std::string& what)
     EXPECT_EQ(walk.largest, plain.largest) << what;
 }
 
-constexpr unsigned trees = 520;
+constexpr unsigned trees = 13;
+constexpr unsigned shufflesOfEach = 40;
 
 TEST(WalkOracle, EveryNumberOfThreadsFindsWhatThePlainWalkFinds)
 {
-    for (unsigned seed = 0; seed < trees && !HasFailure(); ++seed) {
-        const RandomTree tree(seed);
-        const Walk plain = plainWalk(tree.root());
-        for (const unsigned threads : {1U, 2U, 8U}) {
-            zolva::WalkOptions options;
-            options.threads = threads;
-            expectSame(zolva::walk(tree.root(), options), plain,
-                       "tree " + std::to_string(seed) + ", threads " + std::to_string(threads));
+    const BlockFiles blocks;
+    for (unsigned seed = 0; seed < trees; ++seed) {
+        RandomTree tree(blocks, seed);
+        for (unsigned shuffle = 0; shuffle < shufflesOfEach && !HasFailure(); ++shuffle) {
+            tree.shuffle();
+            const Walk plain = plainWalk(tree.root());
+            for (const unsigned threads : {1U, 2U, 8U}) {
+                zolva::WalkOptions options;
+                options.threads = threads;
+                expectSame(zolva::walk(tree.root(), options), plain,
+                           "tree " + std::to_string(seed) + "." + std::to_string(shuffle) +
+                               ", threads " + std::to_string(threads));
+            }
+            EXPECT_EQ(zolva::folderTally(tree.root()),
+                      (zolva::Tally{std::max<std::int64_t>(1, plain.files), plain.bytes}));
         }
-        EXPECT_EQ(zolva::folderTally(tree.root()),
-                  (zolva::Tally{std::max<std::int64_t>(1, plain.files), plain.bytes}));
     }
 }
 
 TEST(WalkOracle, RootsThatNestRepeatAndOverlapEachGetTheirPlainWalk)
 {
-    for (unsigned seed = 1000; seed < 1000 + trees / 4 && !HasFailure(); ++seed) {
-        RandomTree tree(seed);
+    const BlockFiles blocks;
+    RandomTree tree(blocks, 77);
+    for (unsigned shuffle = 0; shuffle < 4 * shufflesOfEach && !HasFailure(); ++shuffle) {
+        tree.shuffle();
         std::vector<std::string> roots;
         for (std::size_t i = 1 + tree.pick(6); i > 0; --i) {
             roots.push_back(tree.anyFolder());
@@ -191,7 +225,7 @@ TEST(WalkOracle, RootsThatNestRepeatAndOverlapEachGetTheirPlainWalk)
             ASSERT_EQ(walks.size(), roots.size());
             for (std::size_t i = 0; i < roots.size(); ++i) {
                 expectSame(walks[i], plainWalk(roots[i]),
-                           roots[i] + ", tree " + std::to_string(seed) + ", threads " +
+                           roots[i] + ", shuffle " + std::to_string(shuffle) + ", threads " +
                                std::to_string(threads));
             }
         }

@@ -147,7 +147,8 @@ void TempTree::setMode(const std::string& relative, unsigned mode)
 
 std::int64_t blocksOf(const std::string& path)
 {
-    struct stat status{};
+    struct stat status
+    {};
     must(::lstat(path.c_str(), &status) == 0, path);
     return static_cast<std::int64_t>(status.st_blocks) * 512;
 }

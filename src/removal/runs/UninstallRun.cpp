@@ -58,7 +58,7 @@ bool adminMoveOn(const std::shared_ptr<RemovalDisk>& disk, const std::string& pa
 QCoro::Task<bool> firstPass(UninstallTools tools, UninstallApp app, Apps apps)
 {
     const RunTools& run = tools.run;
-    const bool wasRunning = co_await quitRunningApp(tools.processes, run.clock, app.bundleID);
+    const bool wasRunning = co_await quitRunningApp(tools, app.bundleID);
     if (!run.state) {
         co_return wasRunning;
     }
@@ -176,8 +176,9 @@ QCoro::Task<bool> adminPass(UninstallTools tools, UninstallApp app, Apps apps)
 
 } // namespace
 
-QCoro::Task<bool> quitRunningApp(AppProcesses& processes, Clock& clock, std::string bundleID)
+QCoro::Task<bool> quitRunningApp(UninstallTools tools, std::string bundleID)
 {
+    AppProcesses& processes = tools.processes;
     const std::vector<RunningApp> running = processes.running(bundleID);
     for (const RunningApp& app : running) {
         processes.terminate(app);
@@ -187,8 +188,8 @@ QCoro::Task<bool> quitRunningApp(AppProcesses& processes, Clock& clock, std::str
             return processes.isTerminated(app);
         });
     };
-    for (int round = 0; round < quitRounds && !allEnded(); ++round) {
-        co_await clock.sleep(quitRound);
+    for (int round = 0; round < quitRounds && tools.run.state && !allEnded(); ++round) {
+        co_await tools.run.clock.sleep(quitRound);
     }
     co_return !running.empty();
 }

@@ -75,9 +75,8 @@ inline constexpr int quitRounds = 20;
 inline constexpr std::chrono::milliseconds quitRound{150};
 
 /// Asks every running instance to quit, and waits a while for them. Whether there was any; not
-/// whether it went. Main thread; `processes` and the clock outlive the wait.
-[[nodiscard]] QCoro::Task<bool> quitRunningApp(AppProcesses& processes, Clock& clock,
-                                               std::string bundleID);
+/// whether it went. Main thread.
+[[nodiscard]] QCoro::Task<bool> quitRunningApp(UninstallTools tools, std::string bundleID);
 [[nodiscard]] bool isStillRunning(AppProcesses& processes, const std::string& bundleID);
 
 } // namespace zolva
