@@ -35,9 +35,8 @@ TrashMeter::~TrashMeter()
 void TrashMeter::startMeters()
 {
     m_space.start();
-    const std::string folder = m_disk->preparedTrashFolder();
-    refreshTrashMeter();
-    m_watch = std::make_unique<FolderWatch>(folder);
+    // Watched before it is read, so that no change falls between the two.
+    m_watch = std::make_unique<FolderWatch>(m_disk->preparedTrashFolder());
     if (m_watch->descriptor() >= 0) {
         m_notifier =
             std::make_unique<QSocketNotifier>(m_watch->descriptor(), QSocketNotifier::Read);
@@ -46,6 +45,7 @@ void TrashMeter::startMeters()
             noteEvent();
         });
     }
+    refreshTrashMeter();
 }
 
 void TrashMeter::refreshTrashMeter()
