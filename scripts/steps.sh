@@ -1,6 +1,7 @@
 # How the script shows what it does: one line a step, quiet when it went well, the end of the log
 # when it did not. Sourced, never run.
 
+: "${zolva_root:?the tree of the sources}"
 zolva_logs="$zolva_root/build/logs"
 
 # step NAME COMMAND...: runs it with its output in a log; on failure shows the log's end.

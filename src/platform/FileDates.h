@@ -4,7 +4,8 @@
 #include <optional>
 #include <string>
 
-/// Dates of a thing on disk, links not followed; nothing where the system does not know. Any thread.
+/// Dates of a thing on disk, links not followed; nothing where the system does not know. Any
+/// thread.
 namespace zolva {
 
 using FileDate = std::chrono::system_clock::time_point;
