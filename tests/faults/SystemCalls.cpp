@@ -107,7 +107,8 @@ public:
         ::waitpid(m_child, &status, 0);
         ::ptrace(PTRACE_SETOPTIONS, m_child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
         int signal = 0;
-        while (::ptrace(PTRACE_SYSCALL, m_child, nullptr, signal) == 0 &&
+        // One that is being killed takes no more commands, but its end is still to be waited for.
+        while ((::ptrace(PTRACE_SYSCALL, m_child, nullptr, signal) == 0 || errno == ESRCH) &&
                ::waitpid(m_child, &status, 0) == m_child) {
             signal = 0;
             if (WIFEXITED(status)) {
