@@ -135,6 +135,10 @@ tl::expected<void, TrashFailure> deleteFromTrash(const PinnedTrash& trash,
     if (!report.isGone()) {
         return tl::unexpected(firstOf(report));
     }
+    // Some file systems say that a name is gone which they show again a moment later.
+    if (identityAt(folder.get(), name)) {
+        return tl::unexpected(TrashFailure{EBUSY, relative + ": It is still there"});
+    }
     if (relative == name) {
         forgetTrashOrigin(trash, name);
     }

@@ -87,8 +87,10 @@ bool stands(const std::string& path)
 
 std::string content(const std::string& path)
 {
+    struct stat status
+    {};
     std::ifstream file(path, std::ios::binary);
-    if (!file) {
+    if (!file || ::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return "(none)";
     }
     return {std::istreambuf_iterator<char>(file), {}};
