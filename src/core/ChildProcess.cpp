@@ -2,6 +2,8 @@
 
 #include "async/Unawaited.h"
 
+#include <QCoreApplication>
+
 namespace zolva {
 
 ChildProcess::ChildProcess(Clock& clock, QObject* parent)
@@ -24,8 +26,10 @@ ChildProcess::~ChildProcess()
         m_process.release()->deleteLater();
         return;
     }
-    // Its own destructor would wait for the child, so it stays until it has collected it.
+    // Its own destructor would wait for the child, so it stays until it has collected it, or until
+    // the program ends.
     QProcess* left = m_process.release();
+    left->setParent(QCoreApplication::instance());
     connect(left, &QProcess::finished, left, &QObject::deleteLater);
     if (left->state() == QProcess::Running) {
         signalGroup(left->processId(), GroupSignal::Kill);

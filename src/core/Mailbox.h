@@ -21,7 +21,7 @@ public:
     {
         if (!m_state->closed) {
             m_state->values.push_back(std::move(value));
-            wake(m_state);
+            wake(*m_state);
         }
     }
 
@@ -29,7 +29,7 @@ public:
     void close() const
     {
         m_state->closed = true;
-        wake(m_state);
+        wake(*m_state);
     }
 
     /// Forgets what has not been read.
@@ -74,9 +74,10 @@ private:
         co_return value;
     }
 
-    static void wake(std::shared_ptr<State> state)
+    /// The reader may end the mailbox: nothing of it is touched afterwards.
+    static void wake(State& state)
     {
-        if (const auto reader = std::exchange(state->reader, {})) {
+        if (const auto reader = std::exchange(state.reader, {})) {
             reader.resume();
         }
     }

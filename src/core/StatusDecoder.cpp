@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <utility>
+
 namespace zolva {
 
 namespace {
@@ -213,12 +215,13 @@ StatusResult status(const JsonReader& from)
 tl::expected<StatusResult, std::string> decodeStatus(std::string_view line)
 {
     std::string failure;
-    std::optional<nlohmann::json> document = parseJson(line, failure);
+    std::string text(line);
+    std::optional<nlohmann::json> document = parseJson(text, failure);
     if (!document) {
         // A name with odd bytes must not cost the reading it stands in.
-        const std::string repaired = displayText(line);
-        if (repaired != line) {
-            document = parseJson(repaired, failure);
+        text = displayText(line);
+        if (text != line) {
+            document = parseJson(text, failure);
         }
     }
     if (!document) {
@@ -229,6 +232,7 @@ tl::expected<StatusResult, std::string> decodeStatus(std::string_view line)
     if (!failure.empty()) {
         return tl::unexpected(failure);
     }
+    result.document = std::move(text);
     return result;
 }
 

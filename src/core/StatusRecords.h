@@ -176,6 +176,8 @@ struct StatusResult
     std::optional<std::vector<TopProcess>> topProcesses;
     ProcessWatch processWatch;
     std::vector<ProcessAlert> processAlerts;
+
+    std::string document; ///< the line that all this was read from, unknown keys included
 };
 
 } // namespace zolva

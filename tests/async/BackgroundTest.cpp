@@ -1,13 +1,20 @@
 #include "async/Background.h"
 #include "async/Unawaited.h"
+#include "diagnostics/CrashCapture.h"
 
+#include "support/TempTree.h"
 #include "support/qt/EventLoop.h"
 
 #include <QThread>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -91,6 +98,48 @@ TEST(BackgroundDeathTest, AnExceptionFromTheFunctionEndsTheProcess)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(test::settled(background([] { throw std::runtime_error("lost"); })),
                 ::testing::KilledBySignal(SIGABRT), "lost");
+}
+
+/// Lets the records of crashes go where a death test reads.
+void recordCrashesOnStandardError()
+{
+    // The runtime writes there too, and would write over the record.
+    ::fcntl(STDERR_FILENO, F_SETFL, O_APPEND);
+    test::TempTree tree;
+    tree.link("crashes.log", "/dev/stderr");
+    installCrashCapture(tree.root());
+}
+
+int useUpTheStack(int depth)
+{
+    volatile char frame[4096]{};
+    frame[depth % 4096] = 1;
+    return depth < 0 ? frame[0] : useUpTheStack(depth + 1) + frame[1];
+}
+
+TEST(BackgroundDeathTest, AnExceptionFromTheFunctionLeavesItsRecord)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            recordCrashesOnStandardError();
+            test::settled(background([] { throw std::runtime_error("lost"); }));
+        },
+        ::testing::KilledBySignal(SIGABRT),
+        ::testing::AllOf(::testing::HasSubstr("uncaught exception: std::runtime_error\n"
+                                              "reason: lost\n"),
+                         ::testing::HasSubstr("\n=== fatal signal 6 ===\n")));
+}
+
+TEST(BackgroundDeathTest, TheEndOfTheStackOfAPoolsThreadLeavesItsRecord)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            recordCrashesOnStandardError();
+            test::settled(background(useUpTheStack, 0));
+        },
+        ::testing::KilledBySignal(SIGSEGV), ::testing::HasSubstr("\n=== fatal signal 11 ===\n"));
 }
 
 QCoro::Task<> notesAndThrows(bool& noted)

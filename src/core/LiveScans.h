@@ -1,0 +1,40 @@
+#pragma once
+
+#include "async/Clock.h"
+#include "files/Records.h"
+#include "scanners/AppInventory.h"
+#include "scanners/StorageAnalysis.h"
+
+#include <QCoroTask>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// The reads of the disk whose results `LiveData` holds, each as a task that takes plain values and
+/// gives plain values. They cannot fail.
+namespace zolva {
+
+struct Analysis
+{
+    AnalyzeResult result;
+    std::int64_t free = 0; ///< available bytes of the home's volume
+};
+
+struct LiveScans
+{
+    std::function<QCoro::Task<std::vector<Category>>()> clean;
+    std::function<QCoro::Task<std::vector<Project>>()> purge;
+    /// In the order given.
+    std::function<QCoro::Task<std::vector<UninstallApp>>(std::vector<UninstallApp>)> enrich;
+    std::function<QCoro::Task<std::vector<ResidueRow>>(UninstallApp, std::vector<UninstallApp>)>
+        residue;
+    /// Of one folder, or of the well-known places where the path is empty.
+    std::function<QCoro::Task<Analysis>(std::string)> analyze;
+};
+
+/// The real ones, on the thread pool. The clock, which says what "now" is, outlives them.
+[[nodiscard]] LiveScans backgroundScans(const Clock& clock);
+
+} // namespace zolva
