@@ -20,7 +20,9 @@ function(zolva_room name)
     if(ROOM_QT)
         file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
         target_sources(zolva_${name} PRIVATE ${headers})
-        set_target_properties(zolva_${name} PROPERTIES AUTOMOC ON)
+        # Ninja would miss a new header with Q_OBJECT otherwise.
+        set_target_properties(zolva_${name} PROPERTIES AUTOMOC ON
+                              AUTOGEN_TARGET_DEPENDS "${headers}")
         target_compile_definitions(zolva_${name} PUBLIC QT_NO_KEYWORDS QT_NO_FOREACH)
     endif()
 endfunction()

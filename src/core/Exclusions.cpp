@@ -2,6 +2,8 @@
 
 #include "files/ExclusionRules.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zolva {
@@ -41,9 +43,11 @@ void Exclusions::addExclusion()
 
 void Exclusions::removeExclusion(const std::string& entry)
 {
-    // The text may be one of the list's own.
-    const std::string unwanted = entry;
-    std::erase(m_whitelist, unwanted);
+    // The text may be one of the list's own, so it must outlive the change.
+    std::vector<std::string> kept;
+    std::copy_if(m_whitelist.begin(), m_whitelist.end(), std::back_inserter(kept),
+                 [&entry](const std::string& one) { return one != entry; });
+    m_whitelist = std::move(kept);
     Q_EMIT whitelistChanged();
 }
 

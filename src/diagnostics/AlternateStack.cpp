@@ -14,7 +14,7 @@ namespace {
 /// Room for the handler below the registers that the kernel saves there, which differ by processor.
 std::size_t stackSize()
 {
-    constexpr std::size_t least = 64 * 1024;
+    constexpr std::size_t least = 65536;
     return std::max(least, static_cast<std::size_t>(SIGSTKSZ));
 }
 

@@ -18,7 +18,8 @@ Tally folderTally(const std::string& path)
     return folderTallies({path}).front();
 }
 
-std::vector<Tally> folderTallies(const std::vector<std::string>& paths)
+std::vector<Tally> folderTallies(const std::vector<std::string>& paths,
+                                 const WalkProgressTold& told)
 {
     std::vector<Tally> tallies(paths.size());
     std::vector<std::string> folders;
@@ -40,6 +41,7 @@ std::vector<Tally> folderTallies(const std::vector<std::string>& paths)
     }
     WalkOptions options;
     options.keepLargest = false;
+    options.progress = told;
     const std::vector<Walk> walks = walkTrees(folders, options);
     for (std::size_t i = 0; i < walks.size(); ++i) {
         tallies[places[i]] = {std::max<std::int64_t>(1, walks[i].files), walks[i].bytes};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/TreeWalker.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -23,6 +25,7 @@ struct Tally
 [[nodiscard]] Tally folderTally(const std::string& path);
 
 /// The same for many paths at once, which may overlap; in the order given.
-[[nodiscard]] std::vector<Tally> folderTallies(const std::vector<std::string>& paths);
+[[nodiscard]] std::vector<Tally> folderTallies(const std::vector<std::string>& paths,
+                                               const WalkProgressTold& told = {});
 
 } // namespace zolva

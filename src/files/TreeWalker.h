@@ -30,18 +30,21 @@ struct Walk
     std::vector<BigFileHit> largest; ///< at most 20, not sorted, in the order the rule leaves them
 };
 
-/// Files and bytes so far, of the whole call; told a few times a second at most.
+/// Files and bytes so far, of the whole call; told a few times a second at most, and
+/// once more at the end.
 struct WalkProgress
 {
     std::int64_t files = 0;
     std::int64_t bytes = 0;
 };
 
+using WalkProgressTold = std::function<void(const WalkProgress&)>;
+
 struct WalkOptions
 {
-    unsigned threads = 0;                              ///< 0: as many as suit the machine
-    bool keepLargest = true;                           ///< off: `largest` stays empty
-    std::function<void(const WalkProgress&)> progress; ///< called from any thread, one at a time
+    unsigned threads = 0;      ///< 0: as many as suit the machine
+    bool keepLargest = true;   ///< off: `largest` stays empty
+    WalkProgressTold progress; ///< called from any thread, one at a time
 };
 
 /// One walk a root, in the order of the roots, which may repeat, nest and overlap: every tree is

@@ -51,11 +51,23 @@ void WalkCrew::run(std::unique_ptr<WalkLane> first)
 WalkLane* WalkCrew::take()
 {
     std::unique_lock lock(m_mutex);
-    ++m_idle;
-    updateHunger();
-    m_changed.wait(lock, [this] { return !m_waiting.empty() || m_unfinished == 0; });
-    --m_idle;
     WalkLane* lane = nullptr;
+    for (;;) {
+        ++m_idle;
+        updateHunger();
+        m_changed.wait(
+            lock, [this] { return !m_chunks.empty() || !m_waiting.empty() || m_unfinished == 0; });
+        --m_idle;
+        if (m_chunks.empty()) {
+            break;
+        }
+        WalkChunk* chunk = m_chunks.front();
+        m_chunks.pop_front();
+        lock.unlock();
+        chunk->measure();
+        lock.lock();
+        m_changed.notify_all();
+    }
     if (!m_waiting.empty()) {
         lane = m_waiting.front();
         m_waiting.pop_front();
@@ -99,6 +111,33 @@ bool WalkCrew::share(WalkLane& lane, std::size_t foldersSince)
     return true;
 }
 
+void WalkCrew::offer(WalkChunk& chunk)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_chunks.push_back(&chunk);
+        updateHunger();
+        if (m_idle < m_chunks.size()) {
+            startHelper();
+        }
+    }
+    m_changed.notify_one();
+}
+
+void WalkCrew::await(WalkChunk& chunk)
+{
+    std::unique_lock lock(m_mutex);
+    const auto found = std::find(m_chunks.begin(), m_chunks.end(), &chunk);
+    if (found != m_chunks.end()) {
+        m_chunks.erase(found);
+        updateHunger();
+        lock.unlock();
+        chunk.measure();
+        return;
+    }
+    m_changed.wait(lock, [&chunk] { return chunk.measured.load(std::memory_order_acquire); });
+}
+
 void WalkCrew::startHelper()
 {
     if (m_toStart.load(std::memory_order_relaxed) == 0) {
@@ -115,7 +154,7 @@ void WalkCrew::startHelper()
 
 void WalkCrew::updateHunger()
 {
-    m_hungry.store(m_idle > m_waiting.size(), std::memory_order_relaxed);
+    m_hungry.store(m_idle > m_waiting.size() + m_chunks.size(), std::memory_order_relaxed);
 }
 
 } // namespace zolva

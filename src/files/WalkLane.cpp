@@ -2,10 +2,17 @@
 
 #include "files/WalkRoots.h"
 
+#include <cstring>
 #include <iterator>
 #include <utility>
 
 namespace zolva {
+
+void WalkListing::add(const char* entry, std::int64_t sizeOrMark)
+{
+    items.push_back({sizeOrMark, names.size()});
+    names.append(entry, std::strlen(entry) + 1);
+}
 
 void WalkLane::offer(const WalkFolderRef& folder, const char* name, std::int64_t size)
 {

@@ -41,6 +41,8 @@ struct WalkListing
 
     std::string names; ///< each with its end mark
     std::vector<Item> items;
+
+    void add(const char* entry, std::int64_t sizeOrMark);
 };
 
 struct WalkFrame

@@ -67,32 +67,44 @@ enum class LastLink
 /// Descriptors that the process may have.
 [[nodiscard]] std::size_t descriptorLimit();
 
-/// Lists folders, one after the other, through one buffer.
-class FolderReader
+/// A part of a folder's listing, in a buffer of its own.
+class FolderEntries
 {
 public:
     struct Entry
     {
-        const char* name = nullptr; ///< good until the next call
+        const char* name = nullptr; ///< good as long as the buffer
         NodeKind kind = NodeKind::Unknown;
         std::uint64_t inode = 0;
     };
 
-    FolderReader();
-
-    void start(int folder);
-    /// The next entry but "." and ".."; false at the end and where reading failed, see `failed`.
+    /// Reads the next part of the open folder; false at its end and where reading failed.
+    [[nodiscard]] bool fill(int folder);
+    /// The next entry but "." and ".."; false if there is none left here.
     [[nodiscard]] bool next(Entry& entry);
     [[nodiscard]] bool failed() const { return m_failed; }
 
 private:
-    bool fill();
-
-    std::unique_ptr<char[]> m_buffer;
+    std::unique_ptr<char[]> m_buffer; ///< made when first filled
     std::size_t m_at = 0;
     std::size_t m_filled = 0;
-    int m_folder = -1;
     bool m_failed = false;
+};
+
+/// Lists whole folders, one after the other, through one buffer.
+class FolderReader
+{
+public:
+    using Entry = FolderEntries::Entry;
+
+    void start(int folder);
+    /// The next entry, good until the next call; false at the end and where reading failed.
+    [[nodiscard]] bool next(Entry& entry);
+    [[nodiscard]] bool failed() const { return m_entries.failed(); }
+
+private:
+    FolderEntries m_entries;
+    int m_folder = -1;
 };
 
 } // namespace zolva

@@ -2,9 +2,7 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -14,13 +12,8 @@ namespace zolva {
 namespace {
 
 constexpr std::chrono::milliseconds tellEvery{250};
-constexpr std::int64_t filesBetweenTellings = 8192;
-
-/// Whether something that was listed is simply no longer there, or no longer what it was.
-bool vanished(int error)
-{
-    return error == ENOENT || error == ENOTDIR || error == ELOOP;
-}
+// So many chunks of one folder at most are in other hands.
+constexpr std::size_t mostGiven = 8;
 
 } // namespace
 
@@ -56,6 +49,7 @@ WalkWorker::~WalkWorker()
 
 void WalkWorker::work(WalkCrew& crew)
 {
+    m_crew = &crew;
     std::size_t folders = 0;
     while (WalkLane* lane = crew.take()) {
         while (!lane->frames.empty()) {
@@ -97,7 +91,7 @@ void WalkWorker::startRoot(WalkLane& lane, WalkRoot& root)
     folder->root = &root;
     const int descriptor = openFolder(root.text, folder->spareTimes);
     if (descriptor < 0) {
-        root.unreadable.fetch_add(vanished(errno) ? 0 : 1, std::memory_order_relaxed);
+        root.unreadable.fetch_add(hasVanished(errno) ? 0 : 1, std::memory_order_relaxed);
         return;
     }
     root.top = folder.get();
@@ -110,7 +104,7 @@ void WalkWorker::enter(WalkLane& lane, const WalkFolderRef& parent, const char* 
     bool spareTimes = parent->spareTimes;
     const int descriptor = m_shared.descriptors.openChild(*parent, name, spareTimes);
     if (descriptor < 0) {
-        sumsOf(*parent->root).unreadable += vanished(errno) ? 0 : 1;
+        sumsOf(*parent->root).unreadable += hasVanished(errno) ? 0 : 1;
         return;
     }
     const WalkFolderRef folder(new WalkFolder);
@@ -135,7 +129,9 @@ void WalkWorker::list(WalkLane& lane, const WalkFolderRef& folder, int descripto
     m_listing.items.clear();
     m_folders = 0;
     m_behindFolder = false;
-    readEntries(lane, folder, descriptor);
+    m_hidden = false;
+    const bool read = readEntries(lane, folder, descriptor);
+    sumsOf(*folder->root).unreadable += !read || m_hidden ? 1 : 0;
     if (m_folders == 0) {
         ::close(descriptor);
         return;
@@ -147,83 +143,104 @@ void WalkWorker::list(WalkLane& lane, const WalkFolderRef& folder, int descripto
     lane.frames.push_back({folder, std::move(listing), 0, end});
 }
 
-void WalkWorker::readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor)
+/// False if the folder could not be read to its end.
+bool WalkWorker::readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor)
 {
-    WalkRoot& root = *folder->root;
-    std::int64_t bound = std::numeric_limits<std::int64_t>::max();
+    bool beginning = true;
+    while (m_chunk.entries.fill(descriptor)) {
+        prepare(m_chunk, lane, *folder->root, descriptor);
+        if (!beginning && m_crew->wantsChunk()) {
+            auto given = std::make_unique<WalkChunk>();
+            given->entries = std::move(m_chunk.entries);
+            m_chunk.entries = {};
+            prepare(*given, lane, *folder->root, descriptor);
+            m_given.push_back(std::move(given));
+            m_crew->offer(*m_given.back());
+        } else {
+            m_chunk.measure();
+            if (m_given.empty()) {
+                putTogether(lane, folder, m_chunk);
+            } else {
+                // It has to wait for those before it.
+                auto own = std::make_unique<WalkChunk>();
+                own->listing = m_chunk.listing;
+                own->files = m_chunk.files;
+                own->bytes = m_chunk.bytes;
+                own->hidden = m_chunk.hidden;
+                own->measured = true;
+                m_given.push_back(std::move(own));
+            }
+        }
+        beginning = false;
+        while (!m_given.empty() && (m_given.size() > mostGiven || m_given.front()->measured)) {
+            m_crew->await(*m_given.front());
+            putTogether(lane, folder, *m_given.front());
+            m_given.pop_front();
+        }
+    }
+    const bool failed = m_chunk.entries.failed();
+    for (; !m_given.empty(); m_given.pop_front()) {
+        m_crew->await(*m_given.front());
+        putTogether(lane, folder, *m_given.front());
+    }
+    return !failed;
+}
+
+void WalkWorker::prepare(WalkChunk& chunk, WalkLane& lane, WalkRoot& root, int descriptor)
+{
+    chunk.folder = descriptor;
+    chunk.roots = &m_shared.roots;
+    chunk.floor = std::numeric_limits<std::int64_t>::max();
     if (m_shared.keepLargest) {
-        bound =
-            std::max(lane.sizesBefore(root).bound(), root.bound.load(std::memory_order_relaxed));
+        chunk.floor = root.bound.load(std::memory_order_relaxed);
+        chunk.sizes = m_behindFolder ? m_sizes : lane.sizesBefore(root);
     }
-    Sums found;
-    Sums told;
-    bool hidden = false; // whether something listed could not be looked at
-    const auto tell = [&] {
-        m_shared.meter.add(found.files - told.files, found.bytes - told.bytes);
-        told = found;
-    };
-    FolderReader::Entry entry;
-    NodeStatus status;
-    m_reader.start(descriptor);
-    while (m_reader.next(entry)) {
-        NodeKind kind = entry.kind;
-        if (kind == NodeKind::File || kind == NodeKind::Unknown) {
-            if (!statusOf(descriptor, entry.name, status)) {
-                hidden = hidden || !vanished(errno);
-                continue;
-            }
-            kind = status.kind;
-        }
-        if (kind == NodeKind::File) {
-            ++found.files;
-            found.bytes += status.allocated;
-            if (status.allocated > bound) {
-                bound = std::max(bound, keepCandidate(lane, folder, entry.name, status.allocated));
-            }
-            if (found.files % filesBetweenTellings == 0 && m_shared.meter.wanted()) {
-                tell();
-            }
-        } else if (kind == NodeKind::Folder) {
+    chunk.listing.names.clear();
+    chunk.listing.items.clear();
+    chunk.files = 0;
+    chunk.bytes = 0;
+    chunk.hidden = false;
+    chunk.measured.store(false, std::memory_order_relaxed);
+}
+
+/// Takes over what the next chunk of the folder holds.
+void WalkWorker::putTogether(WalkLane& lane, const WalkFolderRef& folder, WalkChunk& chunk)
+{
+    for (const WalkListing::Item& item : chunk.listing.items) {
+        const char* name = chunk.listing.names.c_str() + item.name;
+        if (item.size >= 0) {
+            keepCandidate(lane, folder, name, item.size);
+        } else {
             ++m_folders;
-            addItem(entry.name, m_shared.roots.mayBeAwaited(entry.inode)
-                                    ? WalkListing::folderThatMayBeRoot
-                                    : WalkListing::folder);
+            m_listing.add(name, item.size);
         }
     }
-    Sums& sums = sumsOf(root);
-    sums.files += found.files;
-    sums.bytes += found.bytes;
-    sums.unreadable += m_reader.failed() || hidden ? 1 : 0;
+    m_hidden = m_hidden || chunk.hidden;
+    Sums& sums = sumsOf(*folder->root);
+    sums.files += chunk.files;
+    sums.bytes += chunk.bytes;
     if (m_shared.meter.wanted()) {
-        tell();
+        m_shared.meter.add(chunk.files, chunk.bytes);
     }
 }
 
-/// Returns the bound that holds from here on. What is dropped for the innermost root needs no look
-/// for those around it: the 20 files that stand before it stand before it there as well.
-std::int64_t WalkWorker::keepCandidate(WalkLane& lane, const WalkFolderRef& folder,
-                                       const char* name, std::int64_t size)
+/// What was dropped for the innermost root needs no look for those around it: the 20 files that
+/// stand before it stand before it there as well.
+void WalkWorker::keepCandidate(WalkLane& lane, const WalkFolderRef& folder, const char* name,
+                               std::int64_t size)
 {
-    LargestSizes& before = lane.sizesBefore(*folder->root);
     if (m_folders == 0) {
         lane.offer(folder, name, size);
-        return before.bound();
+        return;
     }
     // The folder in front of it comes first: it has to wait.
     if (!m_behindFolder) {
         m_behindFolder = true;
-        m_sizes = before;
+        m_sizes = lane.sizesBefore(*folder->root);
     }
     if (m_sizes.offer(size)) {
-        addItem(name, size);
+        m_listing.add(name, size);
     }
-    return m_sizes.bound();
-}
-
-void WalkWorker::addItem(const char* name, std::int64_t sizeOrMark)
-{
-    m_listing.items.push_back({sizeOrMark, m_listing.names.size()});
-    m_listing.names.append(name, std::strlen(name) + 1);
 }
 
 WalkWorker::Sums& WalkWorker::sumsOf(WalkRoot& root)

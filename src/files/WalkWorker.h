@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/TreeWalker.h"
+#include "files/WalkChunk.h"
 #include "files/WalkCrew.h"
 #include "files/WalkDescriptors.h"
 #include "files/WalkLane.h"
@@ -11,6 +12,8 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <memory>
 #include <mutex>
 #include <vector>
 
@@ -68,20 +71,24 @@ private:
     void startRoot(WalkLane& lane, WalkRoot& root);
     void enter(WalkLane& lane, const WalkFolderRef& parent, const char* name, bool mayBeRoot);
     void list(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
-    void readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
-    std::int64_t keepCandidate(WalkLane& lane, const WalkFolderRef& folder, const char* name,
-                               std::int64_t size);
-    void addItem(const char* name, std::int64_t sizeOrMark);
+    bool readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
+    void prepare(WalkChunk& chunk, WalkLane& lane, WalkRoot& root, int descriptor);
+    void putTogether(WalkLane& lane, const WalkFolderRef& folder, WalkChunk& chunk);
+    void keepCandidate(WalkLane& lane, const WalkFolderRef& folder, const char* name,
+                       std::int64_t size);
     [[nodiscard]] Sums& sumsOf(WalkRoot& root);
     void settleSums();
 
     WalkShared& m_shared;
-    FolderReader m_reader;
+    WalkCrew* m_crew = nullptr;
     WalkRoot* m_root = nullptr; ///< whose sums `m_sums` are
     Sums m_sums;
     // Of the folder being listed:
+    WalkChunk m_chunk;
+    std::deque<std::unique_ptr<WalkChunk>> m_given; ///< to others, in order, not yet put together
     WalkListing m_listing;
     std::uint32_t m_folders = 0;
+    bool m_hidden = false;       ///< something listed could not be looked at
     bool m_behindFolder = false; ///< a candidate was found behind the first folder
     LargestSizes m_sizes;        ///< known to stand before it then
 };

@@ -174,6 +174,10 @@ private:
 
 tl::expected<std::vector<UninstallApp>, std::string> decodeAppList(std::string_view json)
 {
+    // To the parser a NUL is the end of the text, whatever follows.
+    if (const auto nul = json.find('\0'); nul != std::string_view::npos) {
+        return tl::unexpected("not JSON at byte " + std::to_string(nul + 1) + ": NUL");
+    }
     AppListReader reader;
     const bool parsed = nlohmann::json::sax_parse(json.begin(), json.end(), &reader);
     return reader.result(parsed);

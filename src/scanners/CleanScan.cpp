@@ -92,7 +92,7 @@ std::optional<Category> categoryOf(std::string_view name, std::string_view desc,
 
 } // namespace
 
-std::vector<Category> scanCategories(std::int64_t floor)
+std::vector<Category> scanCategories(std::int64_t floor, const WalkProgressTold& told)
 {
     // One walk measures all rows: they overlap, and what two of them hold is read once.
     const std::string home = homeFolder();
@@ -103,7 +103,7 @@ std::vector<Category> scanCategories(std::int64_t floor)
         candidates[row] = candidatesOf(joinedPath(home, entry.path), entry.recursive);
         all.insert(all.end(), candidates[row].begin(), candidates[row].end());
     }
-    const std::vector<Tally> measured = folderTallies(all);
+    const std::vector<Tally> measured = folderTallies(all, told);
 
     std::vector<Category> categories;
     std::span<const Tally> rest = measured;

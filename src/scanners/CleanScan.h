@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/Records.h"
+#include "files/TreeWalker.h"
 
 #include <array>
 #include <cstdint>
@@ -30,7 +31,8 @@ extern const std::array<std::string_view, 12> protectedCacheNames;
 inline constexpr std::int64_t minimumBytes = 1'000'000;
 
 /// The whole catalog, largest first, equal totals in catalog order.
-[[nodiscard]] std::vector<Category> scanCategories(std::int64_t floor = minimumBytes);
+[[nodiscard]] std::vector<Category> scanCategories(std::int64_t floor = minimumBytes,
+                                                   const WalkProgressTold& told = {});
 
 /// One row; nothing where it falls short of the floor.
 [[nodiscard]] std::optional<Category> scanCategory(std::string_view name, std::string_view desc,

@@ -102,13 +102,6 @@ std::vector<ResidueTarget> targetsOf(const UninstallApp& app, const std::vector<
     return targets;
 }
 
-/// No path holds a NUL, so nothing is there; the system would look at what stands before it, which
-/// may be a whole container.
-bool isOutOfReach(const ResidueTarget& target)
-{
-    return target.path.find('\0') != std::string::npos || pathRefusal(target.path).has_value();
-}
-
 } // namespace
 
 bool isUsableIdentifier(std::string_view text)
@@ -122,7 +115,8 @@ bool isUsableIdentifier(std::string_view text)
 std::vector<ResidueRow> scanResidue(const UninstallApp& app, const std::vector<UninstallApp>& apps)
 {
     std::vector<ResidueTarget> targets = targetsOf(app, apps);
-    std::erase_if(targets, isOutOfReach);
+    std::erase_if(targets,
+                  [](const ResidueTarget& target) { return pathRefusal(target.path).has_value(); });
     std::vector<std::string> paths;
     paths.reserve(targets.size());
     for (const ResidueTarget& target : targets) {

@@ -20,7 +20,7 @@ constexpr std::size_t mostEntityMoves = std::size_t{1} << 31;
 constexpr int deepestLevel = 64;
 
 /// What a binary list may come to once every reference has become a value of its own.
-constexpr std::uint64_t mostWrittenOut = std::uint64_t{4} * largestPlist;
+constexpr std::uint64_t mostWrittenOut = std::uint64_t{2} * largestPlist;
 constexpr std::uint64_t costOfValue = 128;
 
 constexpr std::string_view binaryMagic = "bplist00";

@@ -46,10 +46,10 @@ std::vector<std::string> findArtifacts()
 
 } // namespace
 
-std::vector<Project> scanProjects(TimePoint now, std::int64_t floor)
+std::vector<Project> scanProjects(TimePoint now, std::int64_t floor, const WalkProgressTold& told)
 {
     const std::vector<std::string> found = findArtifacts();
-    const std::vector<Tally> tallies = folderTallies(found);
+    const std::vector<Tally> tallies = folderTallies(found, told);
     std::vector<Project> projects;
     for (std::size_t i = 0; i < found.size(); ++i) {
         const std::string& path = found[i];

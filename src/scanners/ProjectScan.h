@@ -2,6 +2,7 @@
 
 #include "files/Age.h"
 #include "files/Records.h"
+#include "files/TreeWalker.h"
 
 #include <array>
 #include <cstdint>
@@ -20,6 +21,7 @@ extern const std::array<std::string_view, 5> prunedFolderNames;
 inline constexpr std::int64_t artifactFloor = 1'000'000;
 
 /// Largest first, equal sizes in the order found.
-[[nodiscard]] std::vector<Project> scanProjects(TimePoint now, std::int64_t floor = artifactFloor);
+[[nodiscard]] std::vector<Project> scanProjects(TimePoint now, std::int64_t floor = artifactFloor,
+                                                const WalkProgressTold& told = {});
 
 } // namespace zolva

@@ -5,7 +5,6 @@
 #include "platform/VolumeSpace.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -47,8 +46,6 @@ struct AnalyzeLocation
     std::string path;
     bool oldDownloads = false;
 };
-
-using WalkProgressTold = std::function<void(const WalkProgress&)>;
 
 /// The places of the overview, in this order.
 [[nodiscard]] std::vector<AnalyzeLocation> analysisTargets();

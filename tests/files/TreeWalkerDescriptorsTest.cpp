@@ -1,6 +1,7 @@
 #include "files/WalkDescriptors.h"
 #include "files/WalkSystem.h"
 
+#include "files/BlockFile.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -98,6 +99,15 @@ TEST_F(TreeWalkerDescriptors, ALinkInThePlaceOfAListedFolderIsRefused)
     EXPECT_EQ(descriptors.openChild(*other, "child", spareTimes), -1);
     other->kept.unopened = 1;
     descriptors.keep(*other, opened("other"), 1);
+}
+
+TEST(TreeWalkerDescriptorLimit, MostOfTheDescriptorsAreLeftToTheRestOfTheProgram)
+{
+    for (const unsigned limit : {64U, 256U, 1000U}) {
+        const zolva::test::ScopedDescriptorLimit scoped(limit);
+        EXPECT_LE(WalkDescriptors::suitableCapacity(), limit / 4);
+        EXPECT_GE(WalkDescriptors::suitableCapacity(), 8U);
+    }
 }
 
 } // namespace

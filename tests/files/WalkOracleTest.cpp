@@ -120,16 +120,13 @@ public:
         m_sizes = pick(3) == 0 ? 30 : 1 + pick(5);
         const unsigned files = pick(4) == 0 ? 150 : 40;
         const unsigned folders = 1 + pick(25);
-        for (unsigned i = 0; i < folders; ++i) {
-            const std::string path =
-                anyFolder() + "/d" + std::to_string(pick(1000)) + "-" + std::to_string(i);
-            ::mkdir(path.c_str(), 0755);
-            m_folders.push_back(path);
-        }
-        for (unsigned i = 0; i < files; ++i) {
-            m_files.push_back(newPath());
-            const std::string source = m_blocks.of(pick(m_sizes));
-            EXPECT_EQ(::link(source.c_str(), m_files.back().c_str()), 0) << m_files.back();
+        // Mixed, since some file systems list in the order of making.
+        for (unsigned left = files + folders; left > 0; --left) {
+            if (pick(files + folders) < folders) {
+                addFolder();
+            } else {
+                addFile();
+            }
         }
         for (unsigned i = pick(4); i > 0; --i) {
             const std::string path = anyFolder() + "/l" + std::to_string(i);
@@ -143,6 +140,9 @@ public:
     /// Makes another tree of it: other places, other sizes.
     void shuffle()
     {
+        if (pick(4) == 0) {
+            addFolder();
+        }
         for (std::size_t i = 1 + pick(12); i > 0; --i) {
             std::string& file = m_files[pick(m_files.size())];
             const std::string path = newPath();
@@ -162,9 +162,23 @@ public:
     }
 
 private:
+    void addFolder()
+    {
+        const std::string path = newPath();
+        EXPECT_EQ(::mkdir(path.c_str(), 0755), 0) << path;
+        m_folders.push_back(path);
+    }
+
+    void addFile()
+    {
+        m_files.push_back(newPath());
+        const std::string source = m_blocks.of(pick(m_sizes));
+        EXPECT_EQ(::link(source.c_str(), m_files.back().c_str()), 0) << m_files.back();
+    }
+
     std::string newPath()
     {
-        return anyFolder() + "/f" + std::to_string(pick(1000)) + "-" + std::to_string(++m_made);
+        return anyFolder() + "/n" + std::to_string(pick(1000)) + "-" + std::to_string(++m_made);
     }
 
     const BlockFiles& m_blocks;
@@ -204,6 +218,34 @@ TEST(WalkOracle, EveryNumberOfThreadsFindsWhatThePlainWalkFinds)
             }
             EXPECT_EQ(zolva::folderTally(tree.root()),
                       (zolva::Tally{std::max<std::int64_t>(1, plain.files), plain.bytes}));
+        }
+    }
+}
+
+TEST(WalkOracle, ABigFolderWithFoldersInItIsPutTogetherInTheOrderOfItsListing)
+{
+    const BlockFiles blocks;
+    zolva::test::TempTree tree;
+    std::mt19937 random(3);
+    for (unsigned i = 0; i < 700; ++i) {
+        // Names so long that no buffer holds many.
+        const std::string path = tree.path(std::to_string(random()) + std::string(240, 'n'));
+        if (i % 60 == 7) {
+            ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
+            ASSERT_EQ(::link(blocks.of(29).c_str(), (path + "/largest").c_str()), 0);
+            ASSERT_EQ(::link(blocks.of(6).c_str(), (path + "/middle").c_str()), 0);
+        } else {
+            ASSERT_EQ(::link(blocks.of(random() % 8).c_str(), path.c_str()), 0);
+        }
+    }
+    const Walk plain = plainWalk(tree.root());
+    ASSERT_EQ(plain.files, 712);
+    for (const unsigned threads : {1U, 2U, 8U}) {
+        for (int round = 0; round < 30 && !HasFailure(); ++round) {
+            zolva::WalkOptions options;
+            options.threads = threads;
+            expectSame(zolva::walk(tree.root(), options), plain,
+                       "threads " + std::to_string(threads));
         }
     }
 }

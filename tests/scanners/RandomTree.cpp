@@ -1,30 +1,34 @@
 #include "scanners/RandomTree.h"
 
-#include "scanners/ReservedFile.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace zolva::test {
 
 namespace fs = std::filesystem;
 
-RandomTree::RandomTree(std::string top, unsigned seed, std::vector<std::string> names)
-    : m_top(std::move(top)), m_random(seed), m_names(std::move(names))
+RandomTree::RandomTree(std::string side, unsigned seed, std::vector<std::string> names,
+                       TreeStock& stock)
+    : m_side(std::move(side)), m_random(seed), m_names(std::move(names)), m_stock(stock)
 {
-    fs::create_directories(m_top);
-    made(m_top);
+    makeFolder(m_side);
 }
 
 RandomTree::~RandomTree()
 {
     for (const std::string& folder : m_closed) {
         ::chmod(folder.c_str(), 0700);
+    }
+    for (auto path = m_made.rbegin(); path != m_made.rend(); ++path) {
+        const std::string spare = m_stock.attic + "/" + std::to_string(m_stock.folders.size());
+        if (::unlink(path->c_str()) != 0 && ::rename(path->c_str(), spare.c_str()) == 0) {
+            m_stock.folders.push_back(spare);
+        }
     }
 }
 
@@ -41,34 +45,57 @@ bool RandomTree::chance(unsigned percent)
 void RandomTree::growPlace(const std::string& path, unsigned depth)
 {
     const unsigned lot = pick(100);
-    std::error_code ignored;
-    if (lot < 15) {
+    if (lot < 30) {
         return;
     }
-    fs::create_directories(fs::path(path).parent_path(), ignored);
-    if (lot < 20) {
+    makeParents(path);
+    if (lot < 35) {
         growFile(path);
-    } else if (lot < 30) {
-        const std::string elsewhere = m_top + "/elsewhere" + std::to_string(m_made.size());
+    } else if (lot < 45) {
+        const std::string elsewhere = m_side + "/elsewhere" + std::to_string(m_made.size());
         growFolder(elsewhere, depth);
         if (::symlink(elsewhere.c_str(), path.c_str()) == 0) {
             made(path);
         }
-    } else if (lot < 35) {
+    } else if (lot < 50) {
         growLink(path);
     } else {
         growFolder(path, depth);
     }
 }
 
-void RandomTree::growFolder(const std::string& path, unsigned depth)
+bool RandomTree::makeFolder(const std::string& path)
 {
-    std::error_code failed;
-    fs::create_directories(path, failed);
-    if (failed) {
-        return;
+    if (fs::exists(fs::symlink_status(path))) {
+        return fs::is_directory(fs::symlink_status(path));
+    }
+    if (m_stock.folders.empty()) {
+        if (::mkdir(path.c_str(), 0755) != 0) {
+            return false;
+        }
+    } else if (::rename(m_stock.folders.back().c_str(), path.c_str()) == 0) {
+        m_stock.folders.pop_back();
+    } else {
+        return false;
     }
     made(path);
+    return true;
+}
+
+void RandomTree::makeParents(const std::string& path)
+{
+    const std::string parent = fs::path(path).parent_path();
+    if (!fs::exists(parent)) {
+        makeParents(parent);
+        makeFolder(parent);
+    }
+}
+
+void RandomTree::growFolder(const std::string& path, unsigned depth)
+{
+    if (!makeFolder(path)) {
+        return;
+    }
     for (unsigned left = pick(6); left > 0; --left) {
         growThing(path + "/" + m_names[pick(static_cast<unsigned>(m_names.size()))], depth);
     }
@@ -79,9 +106,8 @@ void RandomTree::growFolder(const std::string& path, unsigned depth)
 
 void RandomTree::growFile(const std::string& path)
 {
-    if (fs::is_directory(fs::symlink_status(fs::path(path).parent_path())) &&
-        !fs::exists(fs::symlink_status(path))) {
-        reserveFileAt(path, static_cast<std::int64_t>(pick(5)) * 4096);
+    const std::string& file = m_stock.things[pick(static_cast<unsigned>(m_stock.things.size()))];
+    if (::link(file.c_str(), path.c_str()) == 0) {
         made(path);
     }
 }
@@ -92,26 +118,14 @@ void RandomTree::growThing(const std::string& path, unsigned depth)
         return;
     }
     const unsigned lot = pick(100);
-    if (depth > 1 && lot < 45) {
+    if (depth > 1 && lot < 35) {
         growFolder(path, depth - 1);
-    } else if (lot < 75) {
+    } else if (lot < 84) {
         growFile(path);
-    } else if (lot < 90) {
-        growLink(path);
-    } else if (lot < 93) {
-        reserveFileAt(path, 0);
-        fs::resize_file(path, 5'000'000);
-        made(path);
-    } else if (lot < 96) {
-        if (::mkfifo(path.c_str(), 0644) == 0) {
-            made(path);
-        }
     } else if (lot < 98) {
-        socketAt(path);
-        made(path);
+        growLink(path);
     } else {
-        fs::create_directory(path);
-        made(path);
+        makeFolder(path);
     }
 }
 

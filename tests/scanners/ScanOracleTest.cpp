@@ -3,6 +3,7 @@
 #include "scanners/NaiveDisk.h"
 #include "scanners/ProjectScan.h"
 #include "scanners/RandomTree.h"
+#include "scanners/ReservedFile.h"
 #include "support/DroppedCapabilities.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
@@ -10,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <functional>
 #include <set>
 #include <sstream>
@@ -48,26 +51,53 @@ Lines largestFirst(std::vector<Row> rows)
     return lines;
 }
 
-/// Runs `check` on `count` random homes, in a process that permission bits bind.
-void onRandomHomes(unsigned count, const std::vector<std::string>& names,
-                   const std::function<void(RandomTree&, const std::string&)>& grow,
+struct Campaign
+{
+    unsigned homes;
+    std::vector<std::string> places; ///< below home
+    unsigned depth;
+    std::vector<std::string> names;
+};
+
+/// Files of none to four blocks, one that is a hole, a fifo and a socket.
+TreeStock stockIn(TempTree& tree)
+{
+    TreeStock stock;
+    for (std::int64_t file = 0; file < 15; ++file) {
+        stock.things.push_back(
+            reservedFile(tree, "things/" + std::to_string(file), (file % 5) * 4096));
+    }
+    std::filesystem::resize_file(stock.things.front(), 5'000'000);
+    stock.things.push_back(tree.fifo("things/fifo"));
+    stock.things.push_back(tree.path("things/socket"));
+    socketAt(stock.things.back());
+    stock.attic = tree.folder("attic");
+    return stock;
+}
+
+/// Runs `check` on random homes, in a process that permission bits bind. It returns the number of
+/// rows it saw.
+void onRandomHomes(const Campaign& campaign,
                    const std::function<std::size_t(unsigned, const std::string&)>& check)
 {
     withoutOverridingPermissions([&] {
         TempTree tree;
+        TreeStock stock = stockIn(tree);
+        const std::string home = tree.folder("home");
         std::size_t rows = 0;
-        for (unsigned seed = 1; seed <= count && !::testing::Test::HasFailure(); ++seed) {
-            const std::string home = tree.path("home" + std::to_string(seed));
-            RandomTree grown(home, seed, names);
-            grow(grown, home);
+        for (unsigned seed = 1; seed <= campaign.homes; ++seed) {
+            RandomTree grown(home + "/side", seed, campaign.names, stock);
+            for (const std::string& place : campaign.places) {
+                grown.growPlace(home + "/" + place, campaign.depth);
+            }
             grown.finish(nowSeconds);
             // Now and then a home of odd text, below which nothing may be touched.
-            const std::string shown =
-                seed % 25 == 0 ? home + "/../" + "home" + std::to_string(seed) : home;
-            const ScopedHome scoped(shown);
-            rows += check(seed, shown);
+            const std::string text = seed % 25 == 0 ? home + "/../home" : home;
+            const ScopedHome scoped(text);
+            rows += check(seed, text);
+            ASSERT_FALSE(::testing::Test::HasFailure());
         }
-        EXPECT_GT(rows, std::size_t{count} / 2) << "the random homes hold too little to compare";
+        EXPECT_GT(rows, std::size_t{campaign.homes} / 2) << "too little to compare";
     });
 }
 
@@ -246,64 +276,52 @@ Lines scannedInstallers()
 
 TEST(ScanOracle, CategoriesAreThoseOfThePlainScanOnRandomHomes)
 {
-    onRandomHomes(
-        200,
-        {"CloudKit", "Mail", "FamilyCircle", "mail", ".hidden", "go-build", "com.app", "a\nb",
-         "\xff\xfe", " spaced ", "Keychains", "x.log"},
-        [](RandomTree& grown, const std::string& home) {
-            for (const PlainEntry& entry : plainCatalog) {
-                grown.growPlace(home + "/" + entry.path, 3);
-            }
-        },
-        [](unsigned seed, const std::string& home) {
-            const std::int64_t floor =
-                std::vector<std::int64_t>{1, 4096, 4097, 8192, 12288, 20000}[seed % 6];
-            const Lines plain = plainCategories(home, floor);
-            EXPECT_EQ(scannedCategories(floor), plain) << "seed " << seed << ", floor " << floor;
-            return plain.size();
-        });
+    Campaign campaign{.homes = 200,
+                      .depth = 3,
+                      .names = {"CloudKit", "Mail", "FamilyCircle", "mail", ".hidden", "go-build",
+                                "com.app", "a\nb", "\xff\xfe", " spaced ", "Keychains", "x.log"}};
+    for (const PlainEntry& entry : plainCatalog) {
+        campaign.places.push_back(entry.path);
+    }
+    onRandomHomes(campaign, [](unsigned seed, const std::string& home) {
+        const std::int64_t floor =
+            std::array<std::int64_t, 6>{1, 4096, 4097, 8192, 12288, 20000}[seed % 6];
+        const Lines plain = plainCategories(home, floor);
+        EXPECT_EQ(scannedCategories(floor), plain) << "seed " << seed << ", floor " << floor;
+        return plain.size();
+    });
 }
 
 TEST(ScanOracle, ProjectsAreThoseOfThePlainScanOnRandomHomes)
 {
-    onRandomHomes(
-        200,
-        {"app", "lib", "node_modules", "dist", "build", ".git", ".idea", "target", ".hidden",
-         "\xff", "x\ny", ".venv", "Build", "node_modules2"},
-        [](RandomTree& grown, const std::string& home) {
-            for (const std::string root :
-                 {"Development", "Projects", "dev", "GitHub", "Code", "Sites", "src", "repos"}) {
-                if (grown.chance(60)) {
-                    grown.growPlace(home + "/" + root, 4);
-                }
-            }
-        },
-        [](unsigned seed, const std::string& home) {
-            const std::int64_t floor = std::vector<std::int64_t>{1, 4096, 4097, 8192}[seed % 4];
-            const Lines plain = plainProjects(home, floor);
-            EXPECT_EQ(scannedProjects(floor), plain) << "seed " << seed << ", floor " << floor;
-            return plain.size();
-        });
+    const Campaign campaign{
+        .homes = 200,
+        .places = {"Development", "Projects", "dev", "GitHub", "Code", "Sites", "src", "repos"},
+        .depth = 3,
+        .names = {"app", "lib", "node_modules", "dist", "build", ".git", ".idea", "target",
+                  ".hidden", "\xff", "x\ny", ".venv", "Build", "node_modules2"}};
+    onRandomHomes(campaign, [](unsigned seed, const std::string& home) {
+        const std::int64_t floor = std::array<std::int64_t, 4>{1, 4096, 4097, 8192}[seed % 4];
+        const Lines plain = plainProjects(home, floor);
+        EXPECT_EQ(scannedProjects(floor), plain) << "seed " << seed << ", floor " << floor;
+        return plain.size();
+    });
 }
 
 TEST(ScanOracle, InstallersAreThoseOfThePlainScanOnRandomHomes)
 {
-    onRandomHomes(
-        150,
-        {"a.dmg", "B.DMG", ".hidden.dmg", "x.pkg", "y.iso.txt", "dmg", "z.XiP", "n\n.iso",
-         "\xff.pkg", "q.", "two..dmg", "dmg.d", "c.Iso"},
-        [](RandomTree& grown, const std::string& home) {
-            for (const std::string source :
-                 {"Downloads", "Desktop", "Library/Caches/Homebrew/downloads",
-                  "Library/Mobile Documents/com~apple~CloudDocs/Downloads"}) {
-                grown.growPlace(home + "/" + source, 2);
-            }
-        },
-        [](unsigned seed, const std::string& home) {
-            const Lines plain = plainInstallers(home);
-            EXPECT_EQ(scannedInstallers(), plain) << "seed " << seed;
-            return plain.size();
-        });
+    const Campaign campaign{.homes = 150,
+                            .places = {"Downloads", "Desktop", "Library/Caches/Homebrew/downloads",
+                                       "Library/Mobile Documents/com~apple~CloudDocs/Downloads"},
+                            .depth = 2,
+                            .names = {"a.dmg", "B.DMG", ".hidden.dmg", "x.pkg", "y.iso.txt", "dmg",
+                                      "z.XiP", "n\n.iso", "\xff.pkg", "q.", "two..dmg", "dmg.d",
+                                      "c.Iso"}};
+    onRandomHomes(campaign, [](unsigned seed, const std::string& home) {
+        const Lines plain = plainInstallers(home);
+        EXPECT_EQ(scannedInstallers(), plain) << "seed " << seed;
+        return plain.size();
+    });
 }
 
 } // namespace zolva::test

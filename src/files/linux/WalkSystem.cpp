@@ -207,19 +207,12 @@ std::size_t descriptorLimit()
     return static_cast<std::size_t>(limit.rlim_cur);
 }
 
-FolderReader::FolderReader() : m_buffer(new char[bufferSize]) {}
-
-void FolderReader::start(int folder)
+bool FolderEntries::fill(int folder)
 {
-    m_folder = folder;
-    m_at = 0;
-    m_filled = 0;
-    m_failed = false;
-}
-
-bool FolderReader::fill()
-{
-    const ssize_t got = ::getdents64(m_folder, m_buffer.get(), bufferSize);
+    if (!m_buffer) {
+        m_buffer.reset(new char[bufferSize]);
+    }
+    const ssize_t got = ::getdents64(folder, m_buffer.get(), bufferSize);
     m_at = 0;
     m_filled = got > 0 ? static_cast<std::size_t>(got) : 0;
     // A folder removed while it is read has come to its end.
@@ -227,12 +220,9 @@ bool FolderReader::fill()
     return got > 0;
 }
 
-bool FolderReader::next(Entry& entry)
+bool FolderEntries::next(Entry& entry)
 {
-    for (;;) {
-        if (m_at == m_filled && !fill()) {
-            return false;
-        }
+    while (m_at < m_filled) {
         // The system aligns its records, and the buffer comes from new[].
         const auto* record =
             static_cast<const dirent64*>(static_cast<const void*>(m_buffer.get() + m_at));
@@ -246,6 +236,23 @@ bool FolderReader::next(Entry& entry)
         entry.inode = record->d_ino;
         return true;
     }
+    return false;
+}
+
+void FolderReader::start(int folder)
+{
+    m_folder = folder;
+    m_entries = {};
+}
+
+bool FolderReader::next(Entry& entry)
+{
+    while (!m_entries.next(entry)) {
+        if (!m_entries.fill(m_folder)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace zolva

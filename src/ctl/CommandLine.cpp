@@ -1,0 +1,253 @@
+#include "ctl/CommandLine.h"
+
+#include "ctl/Arguments.h"
+#include "ctl/Commands.h"
+#include "files/DisplayPath.h"
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <exception>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+#include <vector>
+
+namespace zolva::ctl {
+
+namespace {
+
+enum class Operands
+{
+    None,
+    AtMostOne,
+    One,
+    Many
+};
+enum class Extra
+{
+    None,
+    List,
+    Apps,
+    AppsAndPath
+};
+
+/// One command: how it is called, and what it does.
+struct Command
+{
+    const char* name;
+    const char* about;
+    Operands operands;
+    const char* operandName;
+    Extra extra;
+    Answer (*run)(const Request&);
+};
+
+constexpr std::array commands = {
+    Command{"summary", "What can be given back, in all", Operands::None, "", Extra::None, summary},
+    Command{"analyze", "Where the space went: an overview, or one folder by its children",
+            Operands::AtMostOne, "PATH", Extra::None, analyze},
+    Command{"clean", "Caches, logs and other things that are rebuilt on demand", Operands::None, "",
+            Extra::None, clean},
+    Command{"purge", "Build artifacts in the project folders", Operands::None, "", Extra::None,
+            purge},
+    Command{"installers", "Disk images and packages left behind", Operands::None, "", Extra::None,
+            installers},
+    Command{"apps", "The applications of a list, with what their bundles tell", Operands::None, "",
+            Extra::Apps, apps},
+    Command{"leftovers", "What else on this disk belongs to an application", Operands::None, "",
+            Extra::AppsAndPath, leftovers},
+    Command{"blocked", "Places that exist and cannot be looked into", Operands::None, "",
+            Extra::None, blocked},
+    Command{"tally", "Files and bytes on disk below each path", Operands::Many, "PATH", Extra::None,
+            tally},
+    Command{"check", "Whether each path may be touched at all", Operands::Many, "PATH", Extra::None,
+            check},
+    Command{"excluded", "Whether the exclusion list covers each path", Operands::Many, "PATH",
+            Extra::List, excluded},
+    Command{"validate-exclusion", "Whether a text may be added to the exclusion list",
+            Operands::One, "TEXT", Extra::List, validateExclusionText},
+    Command{"size", "The text of each number of bytes", Operands::Many, "BYTES", Extra::None, size},
+};
+
+struct WrongUsage : std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+std::string valueOf(const CLI::App& app, const Arguments& arguments, const std::string& option)
+{
+    const auto& results = app.get_option(option)->results();
+    if (results.empty()) {
+        throw WrongUsage(option + " is required");
+    }
+    const auto value = arguments.value(results.front());
+    if (!value) {
+        throw WrongUsage(option + " needs a value");
+    }
+    return *value;
+}
+
+/// All values given; what is no token stands for an empty list.
+std::vector<std::string> valuesOf(const CLI::App& app, const Arguments& arguments,
+                                  const std::string& option)
+{
+    std::vector<std::string> values;
+    for (const std::string& token : app.get_option(option)->results()) {
+        if (auto value = arguments.value(token)) {
+            values.push_back(*std::move(value));
+        }
+    }
+    return values;
+}
+
+/// Values are taken from the results as they were parsed, so nothing is converted here.
+CLI::Option* addValue(CLI::App& app, const std::string& name, const std::string& about)
+{
+    return app.add_option(name, CLI::callback_t([](const CLI::results_t&) { return true; }), about);
+}
+
+void addCommand(CLI::App& app, const Command& command)
+{
+    CLI::App* sub = app.add_subcommand(command.name, command.about);
+    sub->fallthrough();
+    sub->group("Commands");
+    sub->footer("With --json it prints one JSON document.");
+    const int any = CLI::detail::expected_max_vector_size;
+    if (command.operands != Operands::None) {
+        const bool many = command.operands == Operands::Many;
+        CLI::Option* operands = addValue(*sub, command.operandName, "");
+        operands->expected(1, many ? any : 1)->allow_extra_args(many)->type_name("");
+        operands->required(command.operands != Operands::AtMostOne);
+    }
+    if (command.extra == Extra::List) {
+        addValue(*sub, "--list", "the entries of the exclusion list (none without it)")
+            ->expected(1, any)
+            ->allow_extra_args()
+            ->type_name("ENTRY");
+    }
+    if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
+        addValue(*sub, "--apps", "a file that holds the list as `mo uninstall --list` prints it")
+            ->type_name("FILE");
+    }
+    if (command.extra == Extra::AppsAndPath) {
+        addValue(*sub, "--path", "the bundle of the application, as the list has it")
+            ->type_name("BUNDLE");
+    }
+}
+
+Request requestOf(const CLI::App& app, const Command& command, const Arguments& arguments)
+{
+    Request request;
+    const CLI::App& sub = *app.get_subcommand(command.name);
+    if (command.operands != Operands::None) {
+        request.operands = valuesOf(sub, arguments, command.operandName);
+    }
+    if (command.extra == Extra::List) {
+        request.list = valuesOf(sub, arguments, "--list");
+    }
+    if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
+        request.appsFile = valueOf(sub, arguments, "--apps");
+    }
+    if (command.extra == Extra::AppsAndPath) {
+        request.bundle = valueOf(sub, arguments, "--path");
+    }
+    request.json = app.get_option("--json")->count() > 0;
+    request.now = std::chrono::system_clock::now();
+    request.look = lookOf(STDOUT_FILENO);
+    return request;
+}
+
+Answer wrongUsage(const std::string& message)
+{
+    return {{}, message + "\nSee zolvactl --help.", Exit::WrongUsage};
+}
+
+bool isCommand(const std::string& name)
+{
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const Command& command) { return name == command.name; });
+}
+
+std::string withoutCommand(const std::string& name)
+{
+    return name.empty() ? "a command is needed" : "there is no command " + displayLine(name);
+}
+
+std::string unexpected(const std::vector<std::string>& tokens, const Arguments& arguments)
+{
+    std::string message = "not expected:";
+    for (const std::string& token : tokens) {
+        message += " " + displayLine(arguments.value(token).value_or(token));
+    }
+    return message;
+}
+
+Answer answerTo(const Arguments& arguments)
+{
+    CLI::App app("Shows where disk space went, and what of it can be given back safely.",
+                 "zolvactl");
+    app.add_flag("--json")->description("Print one JSON document");
+    app.set_version_flag("--version", "zolvactl " ZOLVA_VERSION, "Print the version and exit");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.footer("Each command tells its own arguments with --help.");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.require_subcommand(1);
+    for (const Command& command : commands) {
+        addCommand(app, command);
+    }
+    try {
+        app.parse(arguments.reversedTokens());
+        for (const Command& command : commands) {
+            if (app.got_subcommand(command.name)) {
+                return command.run(requestOf(app, command, arguments));
+            }
+        }
+    } catch (const CLI::CallForHelp&) {
+        return {app.help(), {}, Exit::Done};
+    } catch (const CLI::CallForVersion& version) {
+        return {std::string(version.what()) + "\n", {}, Exit::Done};
+    } catch (const CLI::ExtrasError&) {
+        return wrongUsage(unexpected(app.remaining(true), arguments));
+    } catch (const CLI::ParseError& error) {
+        return wrongUsage(isCommand(arguments.command()) ? arguments.readable(error.what())
+                                                         : withoutCommand(arguments.command()));
+    } catch (const WrongUsage& error) {
+        return wrongUsage(error.what());
+    }
+    return wrongUsage(withoutCommand({}));
+}
+
+void complain(const std::string& message)
+{
+    // Nowhere is left to tell that even this could not be told.
+    static_cast<void>(writeAll(STDERR_FILENO, "zolvactl: " + message + "\n"));
+}
+
+} // namespace
+
+int run(int argc, char** argv)
+{
+    // A reader that went away is an error of writing, with a message, and no sudden death.
+    std::signal(SIGPIPE, SIG_IGN);
+    Answer answer;
+    try {
+        answer = answerTo(Arguments(argc, argv));
+    } catch (const std::exception& error) {
+        answer = {{}, displayLine(error.what()), Exit::Failed};
+    }
+    if (!answer.note.empty()) {
+        complain(answer.note);
+    }
+    if (const int error = writeAll(STDOUT_FILENO, answer.output)) {
+        complain("cannot write the answer: " + std::generic_category().message(error));
+        return static_cast<int>(Exit::Failed);
+    }
+    return static_cast<int>(answer.code);
+}
+
+} // namespace zolva::ctl

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zolva::ctl {
+
+/// The path as typed, from the root: relative ones resolved against the current folder, without
+/// "." and doubled slashes. What stands before a ".." is resolved as the system would; the last
+/// component is never followed. The empty path stays empty: it names nothing. Any thread, as long
+/// as nobody changes the current folder.
+[[nodiscard]] std::string absolutePath(std::string_view typed);
+
+} // namespace zolva::ctl

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zolva::test {
+
+/// How a program ended, and what it said.
+struct Outcome
+{
+    int code = -1; ///< exit code; the negative signal if it was ended by one
+    std::string out;
+    std::string err;
+};
+
+/// One run of a program as a child, zolvactl unless told otherwise, in an environment of its own:
+/// nothing of the caller's is handed on.
+class ChildRun
+{
+public:
+    explicit ChildRun(std::vector<std::string> arguments);
+
+    ChildRun& program(const std::string& file);
+    /// HOME, and every XDG folder below it.
+    ChildRun& home(const std::string& folder);
+    /// No value: not in its environment.
+    ChildRun& variable(const std::string& name, std::optional<std::string> value);
+    ChildRun& in(const std::string& folder);
+    /// What it prints is not caught but goes to this file.
+    ChildRun& outputTo(const std::string& file);
+    /// Its output is a pipe that nobody reads any more.
+    ChildRun& outputToClosedPipe();
+    /// The stream is a terminal that translates nothing.
+    ChildRun& outputOnTerminal();
+    ChildRun& errorsOnTerminal();
+
+    /// Blocks until it ends. Throws std::system_error if it cannot be started.
+    [[nodiscard]] Outcome run() const;
+
+private:
+    std::string m_program;
+    std::vector<std::string> m_arguments;
+    std::map<std::string, std::string> m_environment;
+    std::string m_folder;
+    std::string m_outputFile;
+    bool m_closedPipe = false;
+    bool m_outputTerminal = false;
+    bool m_errorTerminal = false;
+};
+
+/// zolvactl at home in the folder.
+[[nodiscard]] Outcome zolvactl(const std::string& home, std::vector<std::string> arguments);
+
+/// The text with ' instead of ", for writing JSON in tests.
+[[nodiscard]] std::string json(std::string text);
+
+} // namespace zolva::test
