@@ -22,7 +22,8 @@ public:
 
 private:
     int m_queue = -1;
-    int m_folder = -1; ///< where the system watches an open folder
+    /// Where the system watches an open folder.
+    [[maybe_unused]] int m_folder = -1;
 };
 
 } // namespace zolva

@@ -84,7 +84,7 @@ QCoro::Task<RunReport> runClean(RunTools tools, std::vector<CatPath> selected, A
 QCoro::Task<RunReport> runPurge(RunTools tools, std::vector<Project> selected, AfterRun after)
 {
     BulkOrder order{runname::purge, {}, bytesOf(selected)};
-    for (const Project& project : selected) {
+    for (const Project& project : std::exchange(selected, {})) {
         order.paths.push_back(projectKey(project));
     }
     return listRun(std::move(tools), std::move(order), std::move(after));

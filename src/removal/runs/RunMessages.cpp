@@ -63,7 +63,7 @@ QString counted(std::int64_t count, const QString& noun)
 
 QString shortenedPath(const std::string& path)
 {
-    const QString text = shown(path);
+    QString text = shown(path);
     // No character is shorter than one unit.
     if (text.size() <= longestShown) {
         return text;
