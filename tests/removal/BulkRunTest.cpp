@@ -183,6 +183,21 @@ TEST(BulkRun, StopWithOneMovedTellsBothAndLeavesTheRest)
     EXPECT_FALSE(bench.state.bulk());
 }
 
+TEST(BulkRun, TheProgressAndTheJournalAreGoneBeforeTheStopIsTold)
+{
+    RunBench bench;
+    bench.disk->put("/h/a", 1);
+    whenDone(bench, 0, [&] { bench.state.requestCancel(); });
+    bool told = false;
+    QObject::connect(&bench.toasts, &ToastList::rowsInserted, &bench.toasts, [&] {
+        told = true;
+        EXPECT_FALSE(bench.state.bulk());
+        EXPECT_FALSE(journalRead(bench.journalFolder()));
+    });
+    run(bench, {"/h/a"});
+    EXPECT_TRUE(told);
+}
+
 TEST(BulkRun, AStopDuringTheLastPathDoesNotCount)
 {
     RunBench bench;

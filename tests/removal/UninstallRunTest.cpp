@@ -313,6 +313,18 @@ TEST(Uninstall, OneThatIgnoresTheRequestAndCannotBeMovedIsToBeQuitByHand)
     EXPECT_THAT(b.list.names(), ElementsAre("One", "Three", "Two"));
 }
 
+TEST(Uninstall, OneThatQuitButCannotBeMovedMayNeedAPassword)
+{
+    UninstallBench b;
+    b.processes.apps["org.Two"] = {{7, 1}};
+    b.bench.disk->fail("/Applications/Two.app", "Permission denied");
+    b.check({"Two"});
+    EXPECT_THAT(b.uninstall().stillRunning, IsEmpty());
+    EXPECT_THAT(b.bench.toastTexts(),
+                ElementsAre("warning: Couldn't uninstall 1 app. It may need an administrator "
+                            "password. [Authenticate…]"));
+}
+
 TEST(Uninstall, OneThatIgnoresTheRequestButWasMovedAnywayCountsAsUninstalled)
 {
     UninstallBench b;
