@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <random>
 #include <set>
@@ -25,13 +26,13 @@ using namespace zolva::test;
 
 int wantedNames()
 {
-    return isLong() ? 2000 : 100;
+    return isLong() ? 400 : 60;
 }
 
 /// The status of the desktop's own tool, given lines of `input`, in the folder.
 int run(std::vector<std::string> command, const std::string& folder, const std::string& input)
 {
-    const std::string answers = folder + "/.answers";
+    const std::string answers = folder + ".answers";
     std::ofstream(answers) << input;
     posix_spawn_file_actions_t actions{};
     ::posix_spawn_file_actions_init(&actions);
@@ -82,6 +83,11 @@ std::set<std::string> randomNames(int count, std::size_t longest, bool anyBytes)
     return names;
 }
 
+bool isAscii(const std::string& name)
+{
+    return std::all_of(name.begin(), name.end(), [](char byte) { return byte > 0; });
+}
+
 void write(const std::string& path, const std::string& text)
 {
     std::ofstream file(path, std::ios::binary);
@@ -94,15 +100,17 @@ TEST(FaultsDesktop, TheDesktopRestoresWhatWeMoved)
     TrashHome home;
     const ScopedVariable locale("LC_ALL", "C.UTF-8");
     const std::string folder = home.tree.folder("home/place");
-    const auto names = randomNames(wantedNames(), 245, true);
+    // This tool takes no names that are not UTF-8.
+    const auto names = randomNames(wantedNames(), 245, false);
     for (const std::string& name : names) {
         write(folder + "/" + name, name);
         ASSERT_TRUE(moveToTrash(home.home(), folder + "/" + name).has_value());
     }
     ASSERT_TRUE(namesIn(folder).empty());
-    const std::string all = "0-" + std::to_string(names.size() - 1) + "\n";
-    ASSERT_EQ(run({"trash-restore", "--trash-dir=" + home.trash(), folder}, home.home(), all), 0)
-        << "trash-restore of the package trash-cli";
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        ASSERT_EQ(run({"trash-restore"}, folder, "0\n"), 0)
+            << "trash-restore of the package trash-cli";
+    }
     int restored = 0;
     for (const std::string& name : names) {
         restored += content(folder + "/" + name) == name ? 1 : 0;
@@ -121,7 +129,7 @@ TEST(FaultsDesktop, WhatTheDesktopMovedComesBack)
     std::vector<std::string> cli = {"trash-put", "--"};
     for (const std::string& name : names) {
         write(folder + "/" + name, name);
-        (gio.size() > cli.size() ? cli : gio).push_back(folder + "/" + name);
+        (gio.size() > cli.size() && isAscii(name) ? cli : gio).push_back(folder + "/" + name);
     }
     ASSERT_EQ(run(gio, home.home(), ""), 0) << "gio of the package libglib2.0-bin";
     ASSERT_EQ(run(cli, home.home(), ""), 0) << "trash-put of the package trash-cli";

@@ -1,8 +1,14 @@
 #include "faults/World.h"
 
+#include "platform/OpenFolder.h"
 #include "platform/SystemTrash.h"
+#include "platform/linux/MountTop.h"
 #include "platform/linux/TrashInfo.h"
+#include "support/SecondVolume.h"
 
+#include <gtest/gtest.h>
+
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,17 +25,56 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A mount in memory that only this program sees, so that even the Trash of the volume is its own;
+/// where the system does not let us mount, the folder for temporary files.
+class OwnVolume : public ::testing::Environment
+{
+public:
+    void SetUp() override
+    {
+        const char* temporary = std::getenv("TMPDIR");
+        path() = std::string(temporary && *temporary ? temporary : "/tmp") + "/zolva-faults-XXXXXX";
+        ASSERT_NE(::mkdtemp(path().data()), nullptr);
+        m_mounted =
+            takeOwnMounts() && ::mount("zolva", path().c_str(), "tmpfs", 0, "size=64m") == 0;
+    }
+    void TearDown() override
+    {
+        if (m_mounted) {
+            ::umount2(path().c_str(), MNT_DETACH);
+        }
+        ::rmdir(path().c_str());
+    }
+    static std::string& path()
+    {
+        static std::string folder;
+        return folder;
+    }
+
+private:
+    bool m_mounted = false;
+};
+
+// The test framework owns it.
+const ::testing::Environment* const ownVolume = ::testing::AddGlobalTestEnvironment(new OwnVolume);
+
 std::string newRoot()
 {
-    const char* temporary = std::getenv("TMPDIR");
-    for (const std::string& base :
-         {std::string("/dev/shm"), std::string(temporary && *temporary ? temporary : "/tmp")}) {
-        std::string pattern = base + "/zolva-faults-XXXXXX";
-        if (::mkdtemp(pattern.data()) != nullptr) {
-            return pattern;
-        }
+    std::string pattern = OwnVolume::path() + "/world-XXXXXX";
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        throw std::runtime_error("no folder to work in");
     }
-    throw std::runtime_error("no folder to work in");
+    return pattern;
+}
+
+std::string volumeTrashOf(const std::string& folder)
+{
+    const FileDescriptor open = openFolder(folder);
+    const auto top = mountTop(open.get());
+    if (!top) {
+        throw std::runtime_error("no top of the volume");
+    }
+    return (top->path == "/" ? "" : top->path) + "/.Trash-" + std::to_string(::geteuid());
 }
 
 void write(const std::string& path, const std::string& text)
@@ -133,7 +178,8 @@ bool isLong()
     return wanted != nullptr && std::string(wanted) == "1";
 }
 
-World::World(std::uint32_t seed) : m_root(newRoot())
+World::World(std::uint32_t seed)
+    : m_root(newRoot()), m_volumeTrash(volumeTrashOf(m_root)), m_foreign(stands(m_volumeTrash))
 {
     const std::string home = m_root + "/home";
     fs::create_directories(home + "/place");
@@ -157,6 +203,9 @@ World::~World()
 {
     std::error_code ignored;
     fs::remove_all(m_root, ignored);
+    if (!m_foreign) {
+        fs::remove_all(m_volumeTrash, ignored);
+    }
 }
 
 std::string World::name() const
@@ -181,18 +230,24 @@ bool World::isAtItsPlace() const
 int World::places() const
 {
     int found = isAtItsPlace() ? 1 : 0;
-    for (const std::string& one : namesIn(m_home->trash() + "/files")) {
-        found += pictureOf(m_home->inTrash(one)) == m_picture ? 1 : 0;
+    for (const std::string& trash : {m_home->trash(), m_volumeTrash}) {
+        for (const std::string& one : namesIn(trash + "/files")) {
+            found += pictureOf(trash + "/files/" + one) == m_picture ? 1 : 0;
+        }
     }
     return found;
 }
 
 std::string World::recordedName() const
 {
-    for (const std::string& one : namesIn(m_home->trash() + "/files")) {
-        const auto info = parsedTrashInfo(content(m_home->infoOf(one)));
-        if (info && info->path == m_item && pictureOf(m_home->inTrash(one)) == m_picture) {
-            return one;
+    const std::string top = m_volumeTrash.substr(0, m_volumeTrash.rfind('/') + 1);
+    for (const std::string& trash : {m_home->trash(), m_volumeTrash}) {
+        for (const std::string& one : namesIn(trash + "/files")) {
+            const auto info = parsedTrashInfo(content(trash + "/info/" + one + ".trashinfo"));
+            const bool isItem = info && (info->path == m_item || top + info->path == m_item);
+            if (isItem && pictureOf(trash + "/files/" + one) == m_picture) {
+                return one;
+            }
         }
     }
     return {};

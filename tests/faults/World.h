@@ -16,7 +16,7 @@ using Picture = std::map<std::string, std::string>;
 /// ZOLVA_LONG=1 asks for the long campaigns.
 [[nodiscard]] bool isLong();
 
-/// A home in memory, where that is to be had, with one item to remove and bystanders that must stay
+/// A home, in memory where that is to be had, with one item to remove and bystanders that must stay
 /// as they are: what a link in the item leads to, the other name of a hard link, a namesake.
 class World
 {
@@ -33,7 +33,8 @@ public:
 
     /// Moves the item to the Trash, for what is tried afterwards; where it landed.
     [[nodiscard]] std::string trashItem() const;
-    /// In how many places the whole item stands: its own and, by any name, the Trash.
+    /// In how many places the whole item stands: its own and, by any name, the
+    /// Trash of the home or the volume.
     [[nodiscard]] int places() const;
     [[nodiscard]] bool isAtItsPlace() const;
     /// The name under which the whole item lies in the Trash with a record that names its place;
@@ -45,6 +46,8 @@ private:
     [[nodiscard]] Picture bystanders() const;
 
     std::string m_root;
+    std::string m_volumeTrash;
+    bool m_foreign; ///< the Trash of the volume was there before
     std::unique_ptr<TrashHome> m_home;
     std::string m_item;
     Picture m_picture;

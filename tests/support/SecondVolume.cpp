@@ -31,21 +31,6 @@ bool wrote(const char* path, const std::string& text)
     return done;
 }
 
-/// Mounts of this process alone, by a right of our own or within a namespace of our own users.
-bool mayMount()
-{
-    const std::string user = std::to_string(::geteuid());
-    const std::string group = std::to_string(::getegid());
-    if (::unshare(CLONE_NEWNS) != 0) {
-        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0 || !wrote("/proc/self/setgroups", "deny") ||
-            !wrote("/proc/self/uid_map", user + " " + user + " 1") ||
-            !wrote("/proc/self/gid_map", group + " " + group + " 1")) {
-            return false;
-        }
-    }
-    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-}
-
 dev_t deviceOf(const std::string& path)
 {
     struct stat status
@@ -92,6 +77,21 @@ void inSharedMemory(
 
 } // namespace
 
+bool takeOwnMounts()
+{
+    const std::string user = std::to_string(::geteuid());
+    const std::string group = std::to_string(::getegid());
+    // By a right of our own, or within a namespace of our own users.
+    if (::unshare(CLONE_NEWNS) != 0) {
+        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0 || !wrote("/proc/self/setgroups", "deny") ||
+            !wrote("/proc/self/uid_map", user + " " + user + " 1") ||
+            !wrote("/proc/self/gid_map", group + " " + group + " 1")) {
+            return false;
+        }
+    }
+    return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
 void inChild(const std::function<void()>& body)
 {
     std::array<int, 2> ends{};
@@ -121,7 +121,7 @@ void withSecondVolume(
     TempTree tree;
     const std::string point = tree.folder("volume");
     inChild([&] {
-        if (!mayMount() || ::mount("zolva", point.c_str(), "tmpfs", 0, "size=16m") != 0) {
+        if (!takeOwnMounts() || ::mount("zolva", point.c_str(), "tmpfs", 0, "size=16m") != 0) {
             inSharedMemory(body, tree.root());
             return;
         }
@@ -135,7 +135,7 @@ bool withBindMount(const std::string& source, const std::string& target,
                    const std::function<void()>& body)
 {
     const auto mounted = [&] {
-        return mayMount() &&
+        return takeOwnMounts() &&
                ::mount(source.c_str(), target.c_str(), nullptr, MS_BIND, nullptr) == 0;
     };
     const pid_t probe = ::fork();

@@ -17,6 +17,9 @@ void withSecondVolume(
 [[nodiscard]] bool withBindMount(const std::string& source, const std::string& target,
                                  const std::function<void()>& body);
 
+/// From here on this process sees mounts of its own, if the system lets it; before any thread.
+[[nodiscard]] bool takeOwnMounts();
+
 /// Runs `body` in a child process and takes over the failures of its expectations.
 void inChild(const std::function<void()>& body);
 

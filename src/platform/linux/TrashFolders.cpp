@@ -205,14 +205,19 @@ tl::expected<TrashFolders, TrashFailure> chooseTrash(const std::string& home, in
     // Without a Trash at home, the home folder tells on which file system it would be.
     const FileDescriptor homeOpen = own ? FileDescriptor() : openFolder(home);
     const auto homePlace = identityOf(own ? own->files.get() : homeOpen.get());
-    if (own && homePlace && homePlace->device == place->device) {
+    if (!homePlace && own) {
+        return failure(errno, own->path);
+    }
+    if (!homePlace) {
+        return own;
+    }
+    if (homePlace->device != place->device) {
+        return openVolumeTrash(folder);
+    }
+    if (own) {
         own->origin = path;
-        return own;
     }
-    if (!own && (!homePlace || homePlace->device == place->device)) {
-        return own;
-    }
-    return openVolumeTrash(folder);
+    return own;
 }
 
 } // namespace zolva
