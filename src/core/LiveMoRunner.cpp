@@ -38,8 +38,7 @@ ChildProcess::Command LiveMoRunner::command(const QStringList& arguments) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("PATH"), QString::fromLatin1(toolPath));
-    return {QFile::decodeName(QByteArray::fromStdString(m_location.path)), arguments,
-            environment};
+    return {QFile::decodeName(QByteArray::fromStdString(m_location.path)), arguments, environment};
 }
 
 std::shared_ptr<StatusStream> LiveMoRunner::statusStream(std::chrono::seconds interval)

@@ -39,7 +39,8 @@ std::string absolutePath(std::string_view typed)
         start = slash + 1;
         if (part == "..") {
             // By text alone, "link/.." would name the wrong folder.
-            result = resolved(result + "/..");
+            result += "/..";
+            result = resolved(result);
             result = result == "/" ? std::string() : result;
         } else if (!part.empty() && part != ".") {
             result += '/';
