@@ -1,7 +1,7 @@
 #include "removal/runs/BulkRun.h"
 
 #include "diagnostics/RunJournal.h"
-#include "removal/RunBench.h"
+#include "removal/BulkBench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,37 +9,12 @@
 namespace zolva {
 namespace {
 
+using test::run;
 using test::RunBench;
 using test::settled;
-using test::Texts;
+using test::whenDone;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-RunResult run(RunBench& bench, std::vector<std::string> paths, std::int64_t bytes = 0)
-{
-    HeldRunLock lock;
-    EXPECT_EQ(enterRun(bench.tools(), lock), RunStart::Started);
-    BulkOrder order{runname::clean, std::move(paths), bytes};
-    RunTools tools = bench.tools();
-    RunResult result = settled(runBulk(tools, std::move(order), std::move(lock)));
-    showRunSummary(tools, result);
-    return result;
-}
-
-/// Calls once when so many paths of the first phase are done.
-template <typename Then>
-void whenDone(RunBench& bench, std::int64_t done, Then then)
-{
-    auto fired = std::make_shared<bool>(false);
-    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.state,
-                     [&bench, done, then, fired] {
-                         const auto& bulk = bench.state.bulk();
-                         if (!*fired && bulk && bulk->done == done && bulk->total > done) {
-                             *fired = true;
-                             then();
-                         }
-                     });
-}
 
 TEST(BulkRun, MovesEveryPathInOrderAndReportsOnce)
 {
@@ -248,102 +223,6 @@ TEST(BulkRun, AStopChangesTheTitleAndThePathInHandIsFinished)
     EXPECT_THAT(titles, ::testing::Contains("Stopping…"));
     EXPECT_EQ(titles.front(), "Removing caches");
     EXPECT_EQ(titles.back(), "-");
-}
-
-TEST(BulkRun, WithKeepInTrashOffWhatLandedIsDeletedAfterAllMoves)
-{
-    RunBench bench;
-    bench.keepInTrash = false;
-    bench.disk->put("/h/a", 3000);
-    bench.disk->put("/h/b", 4000);
-    const RunResult result = run(bench, {"/h/a", "/h/b"});
-    EXPECT_THAT(bench.disk->changes(),
-                ElementsAre("trash /h/a", "trash /h/b", "purge /trash/a", "purge /trash/b"));
-    EXPECT_EQ(result.purged, 2);
-    EXPECT_THAT(bench.toastTexts(), ElementsAre("success: Deleted 7 KB permanently"));
-    EXPECT_EQ(bench.log.messages().back(), "clean finished: 2 moved, 2 purged, 0 problems");
-}
-
-TEST(BulkRun, WithKeepInTrashOnNothingIsEverDeleted)
-{
-    RunBench bench;
-    bench.disk->put("/h/a", 3000);
-    run(bench, {"/h/a"});
-    EXPECT_TRUE(bench.disk->exists("/trash/a"));
-    EXPECT_THAT(bench.disk->changes(), ElementsAre("trash /h/a"));
-}
-
-TEST(BulkRun, AnItemWithoutALandingPlaceStaysInTheTrashAndIsTold)
-{
-    RunBench bench;
-    bench.keepInTrash = false;
-    bench.disk->put("/h/a", 3000);
-    bench.disk->put("/h/b", 4000);
-    bench.disk->tellNoLanding("/h/b");
-    const RunResult result = run(bench, {"/h/a", "/h/b"});
-    EXPECT_EQ(result.purged, 1);
-    EXPECT_THAT(bench.toastTexts(), ElementsAre("success: Cleaned 7 KB, 1 item left in the Trash"));
-}
-
-TEST(BulkRun, AStoppedPermanentRunDeletesWhatItHasMovedAndNothingElse)
-{
-    RunBench bench;
-    bench.keepInTrash = false;
-    bench.disk->put("/h/a", 3000);
-    bench.disk->put("/h/b", 4000);
-    bench.disk->putInTrash("another's", 1);
-    whenDone(bench, 1, [&] { bench.state.requestCancel(); });
-    run(bench, {"/h/a", "/h/b"});
-    EXPECT_THAT(bench.disk->changes(), ElementsAre("trash /h/a", "purge /trash/a"));
-    EXPECT_TRUE(bench.disk->exists("/h/b"));
-    EXPECT_TRUE(bench.disk->exists("/trash/another's"));
-}
-
-TEST(BulkRun, NothingStopsThePermanentPhaseAndTheWishEndsWithTheRun)
-{
-    RunBench bench;
-    bench.keepInTrash = false;
-    bench.disk->put("/h/a", 1);
-    std::vector<BulkProgress> phases;
-    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.state, [&] {
-        const auto& bulk = bench.state.bulk();
-        if (bulk && bulk->title == "Emptying the Trash" && !bench.state.cancelRequested()) {
-            phases.push_back(*bulk);
-            bench.state.requestCancel();
-            phases.push_back(*bench.state.bulk());
-        }
-    });
-    const RunResult result = run(bench, {"/h/a"});
-    ASSERT_EQ(phases.size(), 2u);
-    EXPECT_EQ(phases[0], (BulkProgress{"Emptying the Trash", 1, 0, ""}));
-    EXPECT_EQ(phases[1].title, QStringLiteral("Stopping…"));
-    EXPECT_EQ(result.purged, 1);
-    EXPECT_FALSE(result.stopped);
-    EXPECT_FALSE(bench.state.cancelRequested());
-}
-
-TEST(BulkRun, TheSettingAtTheEndOfTheMovesDecidesTheDeletion)
-{
-    RunBench bench;
-    bench.disk->put("/h/a", 1000);
-    whenDone(bench, 0, [&] { bench.keepInTrash = false; });
-    const RunResult result = run(bench, {"/h/a"});
-    EXPECT_EQ(result.purged, 1);
-}
-
-TEST(BulkRun, TheSettingAtTheSummaryDecidesTheWords)
-{
-    RunBench bench;
-    bench.keepInTrash = false;
-    bench.disk->put("/h/a", 1000);
-    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.state, [&] {
-        if (!bench.state.bulk()) {
-            bench.keepInTrash = true;
-        }
-    });
-    const RunResult result = run(bench, {"/h/a"});
-    EXPECT_EQ(result.purged, 1);
-    EXPECT_THAT(bench.toastTexts(), ElementsAre("success: Moved 1 KB to the Trash [Open Trash]"));
 }
 
 TEST(BulkRun, NoFailureStopsTheRunAndTheProblemsAreCounted)

@@ -5,6 +5,7 @@
 #include "removal/runs/LiveRemovalDisk.h"
 
 #include "files/FolderTally.h"
+#include "support/DroppedCapabilities.h"
 #include "support/TrashHome.h"
 
 #include <gmock/gmock.h>
@@ -176,6 +177,21 @@ TEST(RunOnDisk, TheMeterCountsAndMeasuresWhatLiesThere)
     EXPECT_EQ(b.meter.trashBytes(), folderTally(b.home.inTrash("one")).bytes +
                                         folderTally(b.home.inTrash(".hidden")).bytes);
     EXPECT_GT(b.meter.trashBytes(), 9000);
+}
+
+TEST(RunOnDisk, AnUnreadableTrashHasNeitherCountNorListAndAMissingOneIsEmpty)
+{
+    const test::TrashHome home;
+    LiveRemovalDisk disk;
+    EXPECT_EQ(disk.trashCount(), 0);
+    EXPECT_EQ(disk.listTrash(), std::vector<std::string>());
+    ASSERT_EQ(disk.preparedTrashFolder(), home.trash() + "/files");
+    test::withoutOverridingPermissions([&] {
+        ASSERT_EQ(::chmod(disk.trashFolder().c_str(), 0), 0);
+        EXPECT_EQ(disk.trashCount(), std::nullopt);
+        EXPECT_EQ(disk.listTrash(), std::nullopt);
+    });
+    ASSERT_EQ(::chmod(disk.trashFolder().c_str(), 0700), 0);
 }
 
 TEST(RunOnDisk, AMeasureThatIsOvertakenLooksAtNothing)
