@@ -3,6 +3,7 @@
 #include <QCoroTask>
 
 #include <chrono>
+#include <vector>
 
 namespace zolva {
 
@@ -25,13 +26,23 @@ public:
     [[nodiscard]] virtual QCoro::Task<> sleep(std::chrono::milliseconds span) = 0;
 };
 
-/// The machine's own time. Sleeps need a running event loop.
+/// The machine's own time. Sleeps need a running event loop. Its end wakes whoever still sleeps,
+/// once, so that no frame is left behind.
 class SystemClock final : public Clock
 {
 public:
+    SystemClock() = default;
+    ~SystemClock() override;
+
     [[nodiscard]] std::chrono::system_clock::time_point now() const override;
     [[nodiscard]] std::chrono::steady_clock::time_point steadyNow() const override;
     [[nodiscard]] QCoro::Task<> sleep(std::chrono::milliseconds span) override;
+
+private:
+    struct Sleeper;
+
+    std::vector<Sleeper*> m_sleepers; ///< each lives in the frame of its sleep
+    bool m_ending = false;
 };
 
 } // namespace zolva

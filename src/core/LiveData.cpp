@@ -114,6 +114,7 @@ QCoro::Task<> LiveData::followStatus(QPointer<LiveData> self, std::shared_ptr<St
     // The handle may be its successor's by now.
     if (self && self->m_statusGen == gen) {
         self->m_statusTask.reset();
+        Q_EMIT self->statusEnded();
     }
 }
 

@@ -110,9 +110,9 @@ bool Prefs::seenAccessIntro()
     return m_d.boolean(seenAccessIntroKey);
 }
 
-void Prefs::writeSeenAccessIntro()
+void Prefs::writeSeenAccessIntro(bool seen)
 {
-    m_d.write({{seenAccessIntroKey, true}});
+    m_d.write({{seenAccessIntroKey, seen}});
 }
 
 double Prefs::lastUpdateCheck()

@@ -61,7 +61,7 @@ public:
 
     /// Whether the access intro was dismissed before.
     [[nodiscard]] bool seenAccessIntro();
-    void writeSeenAccessIntro();
+    void writeSeenAccessIntro(bool seen = true);
 
     /// Time of the last automatic update check, in seconds since 1970; 0 for never.
     [[nodiscard]] double lastUpdateCheck();

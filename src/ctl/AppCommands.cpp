@@ -1,10 +1,15 @@
+#include "async/Clock.h"
+#include "core/LiveMoRunner.h"
 #include "ctl/AppListFile.h"
 #include "ctl/Commands.h"
 #include "ctl/JsonText.h"
+#include "ctl/Session.h"
 #include "ctl/Table.h"
 #include "files/DisplayPath.h"
 #include "files/SizeText.h"
 #include "scanners/LeftoverScan.h"
+
+#include <QCoroTask>
 
 #include <algorithm>
 #include <string>
@@ -18,6 +23,26 @@ namespace {
 Answer failed(std::string note)
 {
     return {{}, std::move(note), Exit::Failed};
+}
+
+using NamedApps = tl::expected<std::vector<UninstallApp>, std::string>;
+
+/// What the tool lists; else what the user is told.
+NamedApps appsFromTool()
+{
+    const Session session;
+    SystemClock clock;
+    LiveMoRunner runner(clock);
+    AppList list = QCoro::waitFor(runner.listApps());
+    if (!list) {
+        return tl::unexpected(displayLine(userText(list.error())));
+    }
+    return std::move(*list);
+}
+
+NamedApps listedApps(const Request& request)
+{
+    return request.appsFile ? appsFromFile(*request.appsFile) : appsFromTool();
 }
 
 Json appJson(const UninstallApp& app)
@@ -82,7 +107,7 @@ std::string residueText(const UninstallApp& app, const std::vector<ResidueRow>& 
 
 Answer apps(const Request& request)
 {
-    auto list = appsFromFile(request.appsFile);
+    auto list = listedApps(request);
     if (!list) {
         return failed(list.error());
     }
@@ -109,7 +134,7 @@ Answer apps(const Request& request)
 
 Answer leftovers(const Request& request)
 {
-    const auto list = appsFromFile(request.appsFile);
+    const auto list = listedApps(request);
     if (!list) {
         return failed(list.error());
     }
@@ -117,7 +142,8 @@ Answer leftovers(const Request& request)
         return candidate.path == request.bundle;
     });
     if (app == list->end()) {
-        return failed("no application in " + displayLine(request.appsFile) + " has the path " +
+        return failed("no application in " +
+                      displayLine(request.appsFile.value_or("the list of mo")) + " has the path " +
                       displayLine(request.bundle));
     }
     const std::vector<ResidueRow> residue = scanResidue(*app, *list);

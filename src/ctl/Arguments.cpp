@@ -21,6 +21,12 @@ bool looksLikeOption(std::string_view argument)
     return argument.size() > 1 && argument.front() == '-';
 }
 
+/// Whether a number may stand here that is no option, for all its leading minus.
+bool takesNumbers(std::string_view command, std::string_view lastOption)
+{
+    return command == "size" || command == "prefs" || lastOption == "--interval";
+}
+
 bool looksNegative(std::string_view argument)
 {
     return argument.size() > 1 && argument.front() == '-' && isDigit(argument[1]);
@@ -44,7 +50,7 @@ Arguments::Arguments(int argc, const char* const* argv)
     std::string_view lastOption;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];
-        const bool number = m_command == "size" && looksNegative(argument);
+        const bool number = takesNumbers(m_command, lastOption) && looksNegative(argument);
         if (!onlyValues && argument == "--") {
             onlyValues = true;
             // Tokens look like no option; the mark is only good for ending a list before it.

@@ -2,6 +2,8 @@
 
 #include "ctl/Arguments.h"
 #include "ctl/Commands.h"
+#include "ctl/StoredPrefs.h"
+#include "diagnostics/Log.h"
 #include "files/DisplayPath.h"
 
 #include <CLI/CLI.hpp>
@@ -25,6 +27,7 @@ enum class Operands
 {
     None,
     AtMostOne,
+    Any,
     One,
     Many
 };
@@ -33,7 +36,8 @@ enum class Extra
     None,
     List,
     Apps,
-    AppsAndPath
+    AppsAndPath,
+    Watch
 };
 
 /// One command: how it is called, and what it does.
@@ -57,7 +61,7 @@ constexpr std::array commands = {
             purge},
     Command{"installers", "Disk images and packages left behind", Operands::None, "", Extra::None,
             installers},
-    Command{"apps", "The applications of a list, with what their bundles tell", Operands::None, "",
+    Command{"apps", "The installed applications, with what their bundles tell", Operands::None, "",
             Extra::Apps, apps},
     Command{"leftovers", "What else on this disk belongs to an application", Operands::None, "",
             Extra::AppsAndPath, leftovers},
@@ -72,6 +76,13 @@ constexpr std::array commands = {
     Command{"validate-exclusion", "Whether a text may be added to the exclusion list",
             Operands::One, "TEXT", Extra::List, validateExclusionText},
     Command{"size", "The text of each number of bytes", Operands::Many, "BYTES", Extra::None, size},
+    Command{"status", "How the machine is doing", Operands::None, "", Extra::Watch, status},
+    Command{"prefs", "The settings; \"set KEY VALUE\" changes one", Operands::Any, "CHANGE",
+            Extra::None, prefs},
+    Command{"exclusions", "What must never be touched; \"add TEXT\", \"remove ENTRY\" change it",
+            Operands::Any, "CHANGE", Extra::None, exclusions},
+    Command{"version", "The versions of the program and of the tool it asks", Operands::None, "",
+            Extra::None, version},
 };
 
 struct WrongUsage : std::runtime_error
@@ -90,6 +101,11 @@ std::string valueOf(const CLI::App& app, const Arguments& arguments, const std::
         throw WrongUsage(option + " needs a value");
     }
     return *value;
+}
+
+bool given(const CLI::App& app, const std::string& option)
+{
+    return app.get_option(option)->count() > 0;
 }
 
 /// All values given; what is no token stands for an empty list.
@@ -119,24 +135,32 @@ void addCommand(CLI::App& app, const Command& command)
     sub->footer("With --json it prints one JSON document.");
     const int any = CLI::detail::expected_max_vector_size;
     if (command.operands != Operands::None) {
-        const bool many = command.operands == Operands::Many;
+        const bool many = command.operands == Operands::Many || command.operands == Operands::Any;
         CLI::Option* operands = addValue(*sub, command.operandName, "");
         operands->expected(1, many ? any : 1)->allow_extra_args(many)->type_name("");
-        operands->required(command.operands != Operands::AtMostOne);
+        operands->required(command.operands == Operands::One || command.operands == Operands::Many);
     }
     if (command.extra == Extra::List) {
-        addValue(*sub, "--list", "the entries of the exclusion list (none without it)")
+        addValue(*sub, "--list", "the entries of the exclusion list (the stored one without it)")
             ->expected(1, any)
             ->allow_extra_args()
             ->type_name("ENTRY");
     }
     if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
-        addValue(*sub, "--apps", "a file that holds the list as `mo uninstall --list` prints it")
+        addValue(*sub, "--apps",
+                 "a file that holds the list as `mo uninstall --list` prints it, which is asked "
+                 "without it")
             ->type_name("FILE");
     }
     if (command.extra == Extra::AppsAndPath) {
         addValue(*sub, "--path", "the bundle of the application, as the list has it")
             ->type_name("BUNDLE");
+    }
+    if (command.extra == Extra::Watch) {
+        sub->add_flag("--watch")->description("Go on with every new reading, until Ctrl-C");
+        addValue(*sub, "--interval",
+                 "seconds between two readings, 1 to 60 (those of the settings without it)")
+            ->type_name("N");
     }
 }
 
@@ -147,14 +171,21 @@ Request requestOf(const CLI::App& app, const Command& command, const Arguments& 
     if (command.operands != Operands::None) {
         request.operands = valuesOf(sub, arguments, command.operandName);
     }
-    if (command.extra == Extra::List) {
+    if (command.extra == Extra::List && given(sub, "--list")) {
         request.list = valuesOf(sub, arguments, "--list");
     }
-    if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
+    const bool takesApps = command.extra == Extra::Apps || command.extra == Extra::AppsAndPath;
+    if (takesApps && given(sub, "--apps")) {
         request.appsFile = valueOf(sub, arguments, "--apps");
     }
     if (command.extra == Extra::AppsAndPath) {
         request.bundle = valueOf(sub, arguments, "--path");
+    }
+    if (command.extra == Extra::Watch) {
+        request.watch = given(sub, "--watch");
+        if (given(sub, "--interval")) {
+            request.interval = valueOf(sub, arguments, "--interval");
+        }
     }
     request.json = app.get_option("--json")->count() > 0;
     request.now = std::chrono::system_clock::now();
@@ -228,24 +259,49 @@ void complain(const std::string& message)
     static_cast<void>(writeAll(STDERR_FILENO, "zolvactl: " + message + "\n"));
 }
 
+/// What went wrong on the way, which no answer tells.
+void tell(const LogRecord& record)
+{
+    if (record.level == LogLevel::Error || record.level == LogLevel::Fault) {
+        complain(displayLine(record.message));
+    }
+}
+
+void complainOf(const Answer& answer)
+{
+    if (!answer.note.empty()) {
+        complain(answer.note);
+    }
+}
+
 } // namespace
+
+std::vector<std::string> Request::exclusionList() const
+{
+    return list ? *list : storedExclusions();
+}
+
+Answer unwritten(int error)
+{
+    return {{}, "cannot write the answer: " + std::generic_category().message(error), Exit::Failed};
+}
 
 int run(int argc, char** argv)
 {
     // A reader that went away is an error of writing, with a message, and no sudden death.
     std::signal(SIGPIPE, SIG_IGN);
+    logToSystem();
+    const ScopedLogSink notes(tell);
     Answer answer;
     try {
         answer = answerTo(Arguments(argc, argv));
     } catch (const std::exception& error) {
         answer = {{}, displayLine(error.what()), Exit::Failed};
     }
-    if (!answer.note.empty()) {
-        complain(answer.note);
-    }
+    complainOf(answer);
     if (const int error = writeAll(STDOUT_FILENO, answer.output)) {
-        complain("cannot write the answer: " + std::generic_category().message(error));
-        return static_cast<int>(Exit::Failed);
+        answer = unwritten(error);
+        complainOf(answer);
     }
     return static_cast<int>(answer.code);
 }

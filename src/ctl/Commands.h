@@ -3,11 +3,13 @@
 #include "ctl/Terminal.h"
 #include "files/Age.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 /// What each command does with arguments that are well formed. Each reads what it needs and gives
-/// its answer as text; none of them writes anywhere but for live progress on standard error.
+/// its answer as text. Only `status` prints by itself, and only `prefs` and `exclusions` change
+/// anything; scans show live progress on standard error.
 namespace zolva::ctl {
 
 /// The exit codes that scripts rely on.
@@ -21,16 +23,21 @@ enum class Exit
 /// What was asked, as it was typed: values are bytes.
 struct Request
 {
-    std::vector<std::string> operands; ///< paths, numbers or a text, in order
-    std::vector<std::string> list;     ///< entries of the exclusion list
-    std::string appsFile;
+    std::vector<std::string> operands;            ///< paths, numbers or a text, in order
+    std::optional<std::vector<std::string>> list; ///< the exclusion list; else the stored one
+    std::optional<std::string> appsFile;          ///< else the tool is asked
     std::string bundle;
+    std::optional<std::string> interval; ///< seconds; else the stored one
+    bool watch = false;
     bool json = false;
     TimePoint now; ///< the one "now" of every age
     Look look;     ///< how standard output may be painted
+
+    /// The list given, or the one stored, which is read now.
+    [[nodiscard]] std::vector<std::string> exclusionList() const;
 };
 
-/// What to print. The note goes to standard error, a line each.
+/// What to print. The note goes to standard error, after the program's name.
 struct Answer
 {
     std::string output;
@@ -60,5 +67,14 @@ struct Answer
 [[nodiscard]] Answer analyze(const Request& request);
 [[nodiscard]] Answer blocked(const Request& request);
 [[nodiscard]] Answer summary(const Request& request);
+
+// The machine and the program
+[[nodiscard]] Answer status(const Request& request);
+[[nodiscard]] Answer prefs(const Request& request);
+[[nodiscard]] Answer exclusions(const Request& request);
+[[nodiscard]] Answer version(const Request& request);
+
+/// What a reader that went away, or a full disk, makes of an answer.
+[[nodiscard]] Answer unwritten(int error);
 
 } // namespace zolva::ctl

@@ -2,6 +2,7 @@
 
 #include "files/DisplayPath.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstddef>
@@ -14,6 +15,27 @@ void putPath(Json& object, const char* key, std::string_view path)
     object[key] = displayText(path);
     if (const std::optional<std::string> raw = rawPath(path)) {
         object["raw"] = *raw;
+    }
+}
+
+Json textsJson(const std::vector<std::string>& texts)
+{
+    Json list = Json::array();
+    for (const std::string& text : texts) {
+        list.push_back(displayText(text));
+    }
+    return list;
+}
+
+void putRaw(Json& object, const std::vector<std::string>& texts)
+{
+    Json list = Json::array();
+    for (const std::string& text : texts) {
+        const std::optional<std::string> raw = rawPath(text);
+        list.push_back(raw ? Json(*raw) : Json(nullptr));
+    }
+    if (std::any_of(list.begin(), list.end(), [](const Json& raw) { return !raw.is_null(); })) {
+        object["raw"] = list;
     }
 }
 

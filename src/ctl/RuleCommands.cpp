@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zolva::ctl {
 
@@ -31,10 +32,11 @@ Answer check(const Request& request)
 
 Answer excluded(const Request& request)
 {
+    const std::vector<std::string> list = request.exclusionList();
     Json checks = Json::array();
     Table table({{"PATH"}, {"EXCLUDED"}});
     for (const std::string& path : request.operands) {
-        const bool covered = isExcluded(path, request.list);
+        const bool covered = isExcluded(path, list);
         if (request.json) {
             Json& entry = checks.emplace_back(Json::object());
             putPath(entry, "path", path);
@@ -49,7 +51,7 @@ Answer excluded(const Request& request)
 Answer validateExclusionText(const Request& request)
 {
     const std::string& text = request.operands.front();
-    const std::optional<std::string> message = validateExclusion(text, request.list);
+    const std::optional<std::string> message = validateExclusion(text, request.exclusionList());
     if (!request.json) {
         const std::string line =
             message ? painted(displayLine(*message), Ink::Bad, request.look)

@@ -32,11 +32,12 @@ struct Sums
 
 Sums sumsOf(const Request& request)
 {
+    const std::vector<std::string> excluded = request.exclusionList();
     Progress progress;
     Sums sums;
     for (const Category& category : scanCategories(minimumBytes, progress.teller())) {
         for (const CatPath& path : category.paths) {
-            sums.clean += path.prot || isExcluded(path.p, request.list) ? 0 : path.b;
+            sums.clean += path.prot || isExcluded(path.p, excluded) ? 0 : path.b;
         }
     }
     for (const Project& project : scanProjects(request.now, artifactFloor, progress.teller())) {

@@ -1,8 +1,12 @@
 #include "ctl/Terminal.h"
 
+#include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <clocale>
 #include <cstdlib>
 #include <cwchar>
@@ -122,6 +126,30 @@ int writeAll(int descriptor, std::string_view text)
     while (!text.empty()) {
         const ssize_t written = ::write(descriptor, text.data(), text.size());
         if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+int writeUnlessStopped(int descriptor, std::string_view text, int stop)
+{
+    while (!text.empty()) {
+        std::array<pollfd, 2> both = {{{descriptor, POLLOUT, 0}, {stop, POLLIN, 0}}};
+        if (::poll(both.data(), both.size(), -1) < 0) {
+            if (errno != EINTR) {
+                return errno;
+            }
+            continue;
+        }
+        if (both[0].revents == 0) {
+            return 0;
+        }
+        // No more than a pipe that is ready takes at once.
+        const std::string_view part = text.substr(0, std::min<std::size_t>(text.size(), PIPE_BUF));
+        const ssize_t written = ::write(descriptor, part.data(), part.size());
+        if (written < 0 && errno != EINTR && errno != EAGAIN) {
             return errno;
         }
         text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));

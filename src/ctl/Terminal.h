@@ -38,4 +38,7 @@ struct Look
 /// Writes all of it; 0 or the error number.
 [[nodiscard]] int writeAll(int descriptor, std::string_view text);
 
+/// The same, given up without an error as soon as `stop` is readable and nobody takes the text.
+[[nodiscard]] int writeUnlessStopped(int descriptor, std::string_view text, int stop);
+
 } // namespace zolva::ctl

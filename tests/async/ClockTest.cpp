@@ -81,5 +81,18 @@ TEST(SystemClock, ASleepOfNothingStillComesBackByTheEventLoop)
     test::pumpUntil([&] { return nap.isReady(); });
 }
 
+TEST(SystemClock, ItsEndWakesWhoeverStillSleepsOnce)
+{
+    std::vector<std::string> notes;
+    {
+        SystemClock clock;
+        const auto late = noteAfter(clock, 1h, "late", notes);
+        test::pumpOnce();
+        EXPECT_TRUE(notes.empty());
+    }
+    ASSERT_EQ(notes.size(), 1u);
+    EXPECT_TRUE(notes.front().starts_with("late "));
+}
+
 } // namespace
 } // namespace zolva
