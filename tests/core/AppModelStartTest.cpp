@@ -32,7 +32,7 @@ TEST_F(ModelStart, GoesThroughItsStepsInTheirOrder)
               (Steps{"crashes caught in " + tree.path("logs"), "appearance read",
                      "read zolva.themeMode", "read zolva.pollInterval", "read zolva.diskThreshold",
                      "read zolva.requireTouchID", "read zolva.keepInTrash", "read zolva.whitelist",
-                     "appearance watched", "meters started",
+                     "appearance watched", "space read",
                      "logged previous run did not finish: "
                      "2026-01-01T00:00:00Z\tclean\t3 paths\tpid 1",
                      "read zolva.seenAccessIntro", "access probed"}));

@@ -30,7 +30,7 @@ inline ResidueRow row(std::string path, bool shared = false)
     return made;
 }
 
-class ListInMemory final : public AppList
+class ListInMemory final : public ListedApps
 {
 public:
     std::optional<std::vector<UninstallApp>> apps;

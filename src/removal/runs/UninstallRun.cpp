@@ -78,7 +78,7 @@ QCoro::Task<bool> firstPass(UninstallTools tools, UninstallApp app, Apps apps)
 }
 
 /// What stayed on the disk goes back into the list, behind the others.
-void putBackIntoList(AppList& list, const Apps& apps)
+void putBackIntoList(ListedApps& list, const Apps& apps)
 {
     // A list that is being read anew finds them by itself.
     if (apps.empty() || !list.loaded()) {
@@ -133,7 +133,7 @@ void tellFirstPass(const UninstallTools& tools, const UninstallReport& report)
 }
 
 /// Takes the ticked applications out of the list, before anything is done on the disk.
-Apps takeChosen(AppList& list)
+Apps takeChosen(ListedApps& list)
 {
     const std::set<std::string> checked = list.checkedApps();
     Apps chosen;

@@ -19,13 +19,13 @@
 namespace zolva {
 
 /// What an uninstall needs of the list of applications. Main thread.
-class AppList
+class ListedApps
 {
 public:
-    AppList() = default;
-    virtual ~AppList() = default;
-    AppList(const AppList&) = delete;
-    AppList& operator=(const AppList&) = delete;
+    ListedApps() = default;
+    virtual ~ListedApps() = default;
+    ListedApps(const ListedApps&) = delete;
+    ListedApps& operator=(const ListedApps&) = delete;
 
     /// Null unless the list is loaded.
     [[nodiscard]] virtual const std::vector<UninstallApp>* loaded() const = 0;
@@ -48,7 +48,7 @@ using ResidueScan =
 struct UninstallTools
 {
     RunTools run;
-    AppList& list;
+    ListedApps& list;
     AppProcesses& processes;
     ResidueScan scanResidue = zolva::scanResidue;
 };
