@@ -3,10 +3,10 @@
 _zolvactl()
 {
     local commands="summary analyze clean purge installers apps leftovers blocked tally check
-        excluded validate-exclusion size"
+        excluded validate-exclusion size status prefs exclusions version"
     local current="${COMP_WORDS[COMP_CWORD]}"
     local previous="${COMP_WORDS[COMP_CWORD - 1]}"
-    local command="" options="--json --help --version" word last=""
+    local command="" change="" key="" options="--json --help --version" word last=""
     local -i i
     COMPREPLY=()
 
@@ -16,6 +16,10 @@ _zolvactl()
             last="$word"
         elif [[ -z "$command" ]]; then
             command="$word"
+        elif [[ -z "$change" ]]; then
+            change="$word"
+        else
+            key="$word"
         fi
     done
 
@@ -23,6 +27,7 @@ _zolvactl()
         apps) options="--json --help --apps" ;;
         leftovers) options="--json --help --apps --path" ;;
         excluded | validate-exclusion) options="--json --help --list" ;;
+        status) options="--json --help --watch --interval" ;;
         ?*) options="--json --help" ;;
     esac
 
@@ -42,6 +47,27 @@ _zolvactl()
         tally | check | excluded | validate-exclusion)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            ;;
+        prefs)
+            local values
+            case "$change:$key" in
+                "set:") values="themeMode pollInterval diskThreshold requireTouchID keepInTrash
+                    seenAccessIntro" ;;
+                "set:themeMode") values="system light dark" ;;
+                "set:requireTouchID" | "set:keepInTrash" | "set:seenAccessIntro")
+                    values="true false" ;;
+                ":") values="set" ;;
+                *) values="" ;;
+            esac
+            mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")
+            ;;
+        exclusions)
+            if [[ -z "$change" ]]; then
+                mapfile -t COMPREPLY < <(compgen -W "add remove" -- "$current")
+            else
+                compopt -o filenames 2>/dev/null
+                mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            fi
             ;;
         apps | leftovers)
             if [[ "$previous" == --apps || "$previous" == --path ]]; then

@@ -48,8 +48,18 @@ Json cleanJson(const std::vector<Category>& categories)
     return {{"categories", rows}};
 }
 
+/// Why the path stays where it is; empty where it may go.
+const char* keptText(const CatPath& path, const std::vector<std::string>& excluded)
+{
+    if (path.prot) {
+        return "protected, never removed";
+    }
+    return isExcluded(path.p, excluded) ? "excluded, never touched" : "";
+}
+
 /// One category: its heading and its paths by their share of it.
-std::string categoryText(const Category& category, const Look& look)
+std::string categoryText(const Category& category, const std::vector<std::string>& excluded,
+                         const Look& look)
 {
     const std::int64_t whole = totalBytes(category);
     Table table({{{}, Side::Right}, {}, {}, {}});
@@ -57,7 +67,7 @@ std::string categoryText(const Category& category, const Look& look)
         table.row({{sizeText(path.b), Ink::Strong},
                    {shareBar(path.b, whole), Ink::Bar},
                    {displayLine(path.p)},
-                   {path.prot ? "protected, never removed" : "", Ink::Bad}});
+                   {keptText(path, excluded), Ink::Bad}});
     }
     return painted(category.name, Ink::Strong, look) + "  " + sizeText(whole) + ", " +
            counted(category.items, "item") + "\n" + painted(category.desc, Ink::Faint, look) +
@@ -79,17 +89,18 @@ Answer clean(const Request& request)
     if (categories.empty()) {
         return {"Nothing to clean right now. Your caches are already at their floor.\n", {}, {}};
     }
+    const std::vector<std::string> excluded = request.exclusionList();
     std::string text;
     std::int64_t free = 0;
     std::int64_t kept = 0;
     for (const Category& category : categories) {
-        text += categoryText(category, request.look);
+        text += categoryText(category, excluded, request.look);
         for (const CatPath& path : category.paths) {
-            (path.prot ? kept : free) += path.b;
+            (*keptText(path, excluded) == '\0' ? free : kept) += path.b;
         }
     }
     text += "Can be cleaned: " + painted(sizeText(free), Ink::Strong, request.look);
-    text += kept > 0 ? " (" + sizeText(kept) + " more is protected)\n" : "\n";
+    text += kept > 0 ? " (" + sizeText(kept) + " more is kept)\n" : "\n";
     return {text, {}, {}};
 }
 

@@ -26,6 +26,14 @@ std::string fixed(double value, int decimals)
     return text;
 }
 
+/// Columns for a number, so that nothing moves when a reading takes the place of another.
+constexpr std::size_t numberColumns = 6;
+
+std::string aligned(const std::string& number)
+{
+    return std::string(numberColumns - std::min(number.size(), numberColumns), ' ') + number;
+}
+
 double gigabytes(std::int64_t bytes)
 {
     return static_cast<double>(bytes) / gigabyte;
@@ -70,7 +78,7 @@ std::string statusText(const std::array<StatusTile, 4>& tiles, const Look& look)
     Table table({{}, {{}, Side::Right}, {}, {}});
     for (const StatusTile& tile : tiles) {
         table.row({{tile.label},
-                   {tile.value, Ink::Strong},
+                   {aligned(tile.value), Ink::Strong},
                    {tile.unit, Ink::Faint},
                    {displayLine(tile.sub), Ink::Faint}});
     }

@@ -342,13 +342,13 @@ TEST_F(ModelRemoval, TheSummaryAddsUpWhatIsHeldAndFollowsTheExclusions)
 
 TEST_F(ModelRemoval, AnAnalysedFileGoesToTheTrashUnlessItIsExcluded)
 {
-    disk->put("/big", 100);
-    disk->put("/kept", 100);
+    disk->put("~/x/big", 100);
+    disk->put("~/x/kept", 100);
     AppModel& m = ready();
-    m.exclusions().setWhitelist({"/kept"});
-    m.removal().analyzed().trashAnalyzeItem("kept", "/kept", 100);
-    m.removal().analyzed().trashAnalyzeItem("big", "/big", 100);
-    EXPECT_EQ(m.removal().analyzed().trashed(), (std::set<std::string>{"/big"}));
+    m.exclusions().setWhitelist({"~/x/kept"});
+    m.removal().analyzed().trashAnalyzeItem("kept", "~/x/kept", 100);
+    m.removal().analyzed().trashAnalyzeItem("big", "~/x/big", 100);
+    EXPECT_EQ(m.removal().analyzed().trashed(), (std::set<std::string>{"~/x/big"}));
 }
 
 TEST_F(ModelRemoval, AModelThatEndsDuringARunTouchesNothingMore)

@@ -4,8 +4,8 @@
 
 #include "support/qt/EventLoop.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 namespace zolva::test {
 
@@ -26,16 +26,15 @@ protected:
 
 TEST_F(ModelStart, GoesThroughItsStepsInTheirOrder)
 {
-    leaveJournal("2026-01-01T00:00:00Z\tclean\t3 paths\tpid 1\n");
+    const std::string journal = "2026-01-01T00:00:00Z\tclean\t3 paths\tpid 1";
+    leaveJournal(journal + "\n");
     start();
-    EXPECT_EQ(steps,
-              (Steps{"crashes caught in " + tree.path("logs"), "appearance read",
-                     "read zolva.themeMode", "read zolva.pollInterval", "read zolva.diskThreshold",
-                     "read zolva.requireTouchID", "read zolva.keepInTrash", "read zolva.whitelist",
-                     "appearance watched", "space read",
-                     "logged previous run did not finish: "
-                     "2026-01-01T00:00:00Z\tclean\t3 paths\tpid 1",
-                     "read zolva.seenAccessIntro", "access probed"}));
+    EXPECT_EQ(steps, (Steps{"crashes caught in " + tree.path("logs"), "appearance read",
+                            "read zolva.themeMode", "read zolva.pollInterval",
+                            "read zolva.diskThreshold", "read zolva.requireTouchID",
+                            "read zolva.keepInTrash", "read zolva.whitelist", "appearance watched",
+                            "space read", "logged previous run did not finish: " + journal,
+                            "read zolva.seenAccessIntro", "access probed"}));
 }
 
 TEST_F(ModelStart, EveryFieldBeginsWithItsDefault)

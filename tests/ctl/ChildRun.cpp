@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <functional>
 #include <system_error>
 #include <utility>
 
@@ -74,7 +76,7 @@ void readInto(std::string& text, int& descriptor)
     }
 }
 
-void collect(Outcome& outcome, Channel& output, Channel& errors)
+void collect(Outcome& outcome, Channel& output, Channel& errors, const std::function<void()>& grown)
 {
     while (output.reader >= 0 || errors.reader >= 0) {
         std::array<pollfd, 2> ends = {{{output.reader, POLLIN, 0}, {errors.reader, POLLIN, 0}}};
@@ -85,6 +87,7 @@ void collect(Outcome& outcome, Channel& output, Channel& errors)
         if (ends[1].revents != 0) {
             readInto(outcome.err, errors.reader);
         }
+        grown();
     }
 }
 
@@ -162,6 +165,22 @@ ChildRun& ChildRun::errorsOnTerminal()
     return *this;
 }
 
+ChildRun& ChildRun::signalAfter(const std::string& text, int signal)
+{
+    m_awaited = text;
+    m_signal = signal;
+    return *this;
+}
+
+bool ChildRun::signalDue(int child, const Outcome& outcome) const
+{
+    if (outcome.out.find(m_awaited) == std::string::npos) {
+        return true;
+    }
+    must(::kill(child, m_signal) == 0, "kill");
+    return false;
+}
+
 Outcome ChildRun::run() const
 {
     std::vector<std::string> words = {m_program};
@@ -194,7 +213,8 @@ Outcome ChildRun::run() const
     closeEnd(output.writer);
     closeEnd(errors.writer);
     Outcome outcome;
-    collect(outcome, output, errors);
+    bool awaiting = m_signal != 0;
+    collect(outcome, output, errors, [&] { awaiting = awaiting && signalDue(child, outcome); });
     int status = 0;
     must(::waitpid(child, &status, 0) == child, "waitpid");
     outcome.code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);

@@ -36,15 +36,23 @@ public:
     ChildRun& outputOnTerminal();
     ChildRun& errorsOnTerminal();
 
+    /// As soon as it has printed the text, it gets the signal; once.
+    ChildRun& signalAfter(const std::string& text, int signal);
+
     /// Blocks until it ends. Throws std::system_error if it cannot be started.
     [[nodiscard]] Outcome run() const;
 
 private:
+    /// Sends the signal when its time has come, and answers whether it is still to come.
+    [[nodiscard]] bool signalDue(int child, const Outcome& outcome) const;
+
     std::string m_program;
     std::vector<std::string> m_arguments;
     std::map<std::string, std::string> m_environment;
     std::string m_folder;
     std::string m_outputFile;
+    std::string m_awaited;
+    int m_signal = 0;
     bool m_closedPipe = false;
     bool m_outputTerminal = false;
     bool m_errorTerminal = false;

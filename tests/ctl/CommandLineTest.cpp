@@ -40,13 +40,15 @@ TEST(WrongUsage, EndsWithTwoAMessageAndNoOutput)
         {{"summary", "x"}, "not expected: x"},
         {{"check", "a", "--bogus"}, "not expected: --bogus"},
         {{"check", "a", "--list", "b"}, "not expected: --list"},
-        {{"apps"}, "--apps is required"},
         {{"apps", "--apps"}, "--apps"},
         {{"apps", "--apps", "--json"}, "--apps needs a value"},
         {{"leftovers", "--apps", "f"}, "--path is required"},
-        {{"leftovers", "--path", "b"}, "--apps is required"},
         {{"leftovers", "--apps", "f", "--path", "a", "--path", "b"}, "--path"},
         {{"--json=no", "size", "1"}, "not expected: no"},
+        {{"leftovers"}, "--path is required"},
+        {{"version", "x"}, "not expected: x"},
+        {{"status", "x"}, "not expected: x"},
+        {{"status", "--interval"}, "--interval"},
     };
     for (const auto& [words, message] : wrong) {
         const Outcome outcome = zolvactl(nowhere, words);

@@ -73,7 +73,7 @@ TEST(Documents, NameEveryCommand)
 {
     const std::vector<std::string> names = commandNames();
     ASSERT_THAT(names, IsSupersetOf({"check", "size", "summary", "validate-exclusion"}));
-    ASSERT_EQ(names.size(), 13U);
+    ASSERT_EQ(names.size(), 17U);
     const std::string page = contentOf(packaging + "zolvactl.1");
     const std::string zsh = contentOf(zshCompletion);
     for (const std::string& name : names) {
@@ -99,6 +99,18 @@ TEST(BashCompletion, OffersTheOptionsOfTheCommand)
                 ElementsAre("--json", "--help", "--apps", "--path"));
     EXPECT_THAT(offered("zolvactl --json excluded --l", 3, "/"), ElementsAre("--list"));
     EXPECT_THAT(offered("zolvactl clean --", 2, "/"), ElementsAre("--json", "--help"));
+    EXPECT_THAT(offered("zolvactl status --", 2, "/"),
+                ElementsAre("--json", "--help", "--watch", "--interval"));
+}
+
+TEST(BashCompletion, OffersTheChangesAndTheirKeys)
+{
+    EXPECT_THAT(offered("zolvactl prefs ''", 2, "/"), ElementsAre("set"));
+    EXPECT_THAT(offered("zolvactl prefs set p", 3, "/"), ElementsAre("pollInterval"));
+    EXPECT_THAT(offered("zolvactl prefs set themeMode ''", 4, "/"),
+                ElementsAre("system", "light", "dark"));
+    EXPECT_THAT(offered("zolvactl prefs set keepInTrash ''", 4, "/"), ElementsAre("true", "false"));
+    EXPECT_THAT(offered("zolvactl exclusions ''", 2, "/"), ElementsAre("add", "remove"));
 }
 
 TEST(BashCompletion, OffersFilesWhereFilesAreTaken)
@@ -110,6 +122,7 @@ TEST(BashCompletion, OffersFilesWhereFilesAreTaken)
                 ::testing::UnorderedElementsAre("folder a", "file b"));
     EXPECT_THAT(offered("zolvactl analyze f", 2, tree.root()), ElementsAre("folder a"));
     EXPECT_THAT(offered("zolvactl apps --apps fi", 3, tree.root()), ElementsAre("file b"));
+    EXPECT_THAT(offered("zolvactl exclusions add fo", 3, tree.root()), ElementsAre("folder a"));
 }
 
 TEST(ZshCompletion, Parses)

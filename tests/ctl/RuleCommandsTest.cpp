@@ -89,11 +89,22 @@ TEST(ExcludedCommand, TellsForEachPathWhetherTheListCoversIt)
                                 "{'path':'/c','excluded':false}]}\n"));
 }
 
-TEST(ExcludedCommand, KnowsNoEntriesWithoutAList)
+TEST(ExcludedCommand, KnowsNoEntriesWhereNoneAreStoredOrGiven)
 {
     const std::string expected = json("{'checks':[{'path':'/a','excluded':false}]}\n");
     EXPECT_EQ(zolvactl(nowhere, {"excluded", "--json", "/a"}).out, expected);
     EXPECT_EQ(zolvactl(nowhere, {"excluded", "--json", "/a", "--list"}).out, expected);
+}
+
+TEST(ExcludedCommand, TakesTheStoredListUnlessOneIsGiven)
+{
+    TempTree tree;
+    tree.text(".config/zolva/preferences.json", json("{'zolva.whitelist':['/a']}"));
+    const std::string covered = json("{'checks':[{'path':'/a/b','excluded':true}]}\n");
+    const std::string open = json("{'checks':[{'path':'/a/b','excluded':false}]}\n");
+    EXPECT_EQ(zolvactl(tree.root(), {"excluded", "--json", "/a/b"}).out, covered);
+    EXPECT_EQ(zolvactl(tree.root(), {"excluded", "--json", "/a/b", "--list"}).out, open);
+    EXPECT_EQ(zolvactl(tree.root(), {"excluded", "--json", "/a/b", "--list", "/c"}).out, open);
 }
 
 TEST(ExcludedCommand, EndsTheListAtTheMarkAndTheNextOption)
@@ -136,6 +147,15 @@ TEST(ValidateExclusionCommand, LooksAtTheListThatIsGiven)
     const Outcome with = zolvactl(nowhere, {"validate-exclusion", "~/keep", "--list", "~/keep"});
     EXPECT_EQ(with.code, 0);
     EXPECT_THAT(with.out, Not(HasSubstr("stored")));
+}
+
+TEST(ValidateExclusionCommand, LooksAtTheStoredListWithoutAnother)
+{
+    TempTree tree;
+    tree.text(".config/zolva/preferences.json", json("{'zolva.whitelist':['~/keep']}"));
+    const Outcome outcome = zolvactl(tree.root(), {"validate-exclusion", "~/keep/x", "--json"});
+    EXPECT_EQ(outcome.out, json("{'message':'Already covered by an existing exclusion.',"
+                                "'stored':null}\n"));
 }
 
 TEST(ValidateExclusionCommand, GivesTheRawFormOfAnEntryThatIsNotUtf8)

@@ -72,7 +72,19 @@ TEST(CleanCommand, ShowsBarsByShareAndWhatIsProtected)
     EXPECT_THAT(outcome.out, HasSubstr("  2.1 MB  ██████████"));
     EXPECT_THAT(outcome.out, HasSubstr("  ~/Library/Caches/CloudKit  protected, never removed\n"));
     EXPECT_THAT(outcome.out, HasSubstr("  ~/Library/Caches/plain\n"));
-    EXPECT_THAT(outcome.out, HasSubstr("Can be cleaned: 1.0 MB (2.1 MB more is protected)\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("Can be cleaned: 1.0 MB (2.1 MB more is kept)\n"));
+}
+
+TEST(CleanCommand, ShowsWhatIsExcludedAndLeavesItOutOfTheSum)
+{
+    TempTree tree;
+    tree.file("Library/Caches/plain/data", 1'000'001);
+    tree.file("Library/Caches/mine/data", 2'100'000);
+    tree.text(".config/zolva/preferences.json",
+              json("{'zolva.whitelist':['~/Library/Caches/mine']}"));
+    const Outcome outcome = zolvactl(tree.root(), {"clean"});
+    EXPECT_THAT(outcome.out, HasSubstr("  ~/Library/Caches/mine   excluded, never touched\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("Can be cleaned: 1.0 MB (2.1 MB more is kept)\n"));
 }
 
 TEST(CleanCommand, LetsNoNameDriveTheTerminal)

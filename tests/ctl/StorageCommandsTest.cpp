@@ -221,6 +221,16 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
     });
 }
 
+TEST(SummaryCommand, LeavesOutOfCleanWhatIsExcluded)
+{
+    TempTree tree;
+    const std::int64_t plain = blocksOf(tree.file("Library/Logs/plain/data", 1'000'001));
+    tree.file("Library/Logs/mine/data", 1'200'000);
+    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "~/Library/Logs/mine"}).code, 0);
+    EXPECT_THAT(zolvactl(tree.root(), {"summary", "--json"}).out,
+                StartsWith(json("{'clean':" + std::to_string(plain) + ",'purge':0,")));
+}
+
 TEST(SummaryCommand, CountsACacheOnceForEachRowThatHoldsIt)
 {
     TempTree tree;
