@@ -131,7 +131,9 @@ std::string amountText(const Plan& plan)
 bool confirmed(const Request& request, const Plan& plan, const std::string& question,
                const StopSignals& stop)
 {
-    if (request.yes || plan.empty()) {
+    const bool nothingGoes = std::all_of(
+        plan.begin(), plan.end(), [](const PlannedItem& item) { return item.refusal.has_value(); });
+    if (request.yes || nothingGoes) {
         return true;
     }
     const std::string text = planText(plan, shownAtMost, lookOf(STDERR_FILENO));
