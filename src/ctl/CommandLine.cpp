@@ -205,8 +205,8 @@ void addCommand(CLI::App& app, const Command& command)
     }
     if (takesApps(command)) {
         addValue(*sub, "--apps",
-                 "a file that holds the list as `mo uninstall --list` prints it, which is asked "
-                 "without it")
+                 "a file that holds the list as `mo uninstall --list` prints it (mo is asked "
+                 "without it)")
             ->type_name("FILE");
     }
     if (command.extra == Extra::AppsAndPath) {

@@ -1,6 +1,7 @@
 #include "ctl/RemovalSession.h"
 
 #include "core/SystemPrefsStore.h"
+#include "ctl/StoredPrefs.h"
 #include "ctl/Table.h"
 #include "ctl/Terminal.h"
 #include "files/DisplayPath.h"
@@ -34,37 +35,40 @@ std::unique_ptr<AppModel> windowlessModel(Clock& clock, PrefsStore& store)
 } // namespace
 
 RemovalSession::RemovalSession(const Request& request)
-    : m_store(systemPrefsStore()), m_model(windowlessModel(m_clock, *m_store)),
-      m_permanent(request.permanent), m_seen(canRedraw(STDERR_FILENO))
-{
-    RunState& runs = m_model->removal().runs();
-    QObject::connect(&m_stop, &StopSignals::asked, &runs, &RunState::requestCancel);
-    if (m_seen) {
-        QObject::connect(&runs, &RunState::bulkChanged, m_model.get(), [this] { showProgress(); });
-    }
-}
+    : m_permanent(request.permanent || !StoredPrefs().prefs().load().keepInTrash),
+      m_seen(canRedraw(STDERR_FILENO)), m_store(systemPrefsStore())
+{}
 
 RemovalSession::~RemovalSession()
 {
     endProgress();
 }
 
-RunTools RemovalSession::tools()
+AppModel& RemovalSession::model()
 {
-    RunTools tools = m_model->removal().tools();
-    tools.settings.keepInTrash = [this] { return !isPermanent(); };
-    return tools;
+    if (!m_model) {
+        m_model = windowlessModel(m_clock, *m_store);
+        RunState& runs = m_model->removal().runs();
+        QObject::connect(&m_stop, &StopSignals::asked, &runs, &RunState::requestCancel);
+        if (m_seen) {
+            QObject::connect(&runs, &RunState::bulkChanged, m_model.get(),
+                             [this] { showProgress(); });
+        }
+    }
+    return *m_model;
 }
 
-bool RemovalSession::isPermanent() const
+RunTools RemovalSession::tools()
 {
-    return m_permanent || !m_model->settings().keepInTrash();
+    RunTools tools = model().removal().tools();
+    tools.settings.keepInTrash = [keep = !m_permanent] { return keep; };
+    return tools;
 }
 
 Json RemovalSession::toastsJson()
 {
     Json rows = Json::array();
-    for (const Toast& toast : m_model->toasts().toasts()) {
+    for (const Toast& toast : model().toasts().toasts()) {
         Json& row = rows.emplace_back(Json::object());
         row["kind"] = kindText(toast.kind);
         row["text"] = toast.text.toStdString();
@@ -76,7 +80,7 @@ Json RemovalSession::toastsJson()
 std::string RemovalSession::toastsText()
 {
     std::string lines;
-    for (const Toast& toast : m_model->toasts().toasts()) {
+    for (const Toast& toast : model().toasts().toasts()) {
         lines += displayLine(toast.text.toStdString()) + "\n";
     }
     return lines;
@@ -84,7 +88,7 @@ std::string RemovalSession::toastsText()
 
 void RemovalSession::showProgress()
 {
-    const auto& bulk = m_model->removal().runs().bulk();
+    const auto& bulk = model().removal().runs().bulk();
     if (!bulk) {
         endProgress();
         return;

@@ -27,12 +27,13 @@ public:
     RemovalSession(const RemovalSession&) = delete;
     RemovalSession& operator=(const RemovalSession&) = delete;
 
-    [[nodiscard]] AppModel& model() { return *m_model; }
+    /// Built when it is first asked for, so that nothing comes of a removal that nobody wants.
+    [[nodiscard]] AppModel& model();
     [[nodiscard]] const StopSignals& stop() const { return m_stop; }
-    /// With `--permanent` in the place of the setting.
+    /// Of the model, but that what was asked about permanence holds to the end.
     [[nodiscard]] RunTools tools();
-    /// Whether what is moved is then deleted.
-    [[nodiscard]] bool isPermanent() const;
+    /// Whether what is moved is then deleted: by the setting, or by "--permanent".
+    [[nodiscard]] bool isPermanent() const { return m_permanent; }
 
     /// Until the run has ended.
     template <typename T>
@@ -54,11 +55,11 @@ private:
     Session m_session;
     StopSignals m_stop;
     SystemClock m_clock;
-    std::unique_ptr<PrefsStore> m_store;
-    std::unique_ptr<AppModel> m_model;
     const bool m_permanent;
     const bool m_seen;
     bool m_shown = false;
+    std::unique_ptr<PrefsStore> m_store;
+    std::unique_ptr<AppModel> m_model;
 };
 
 } // namespace zolva::ctl

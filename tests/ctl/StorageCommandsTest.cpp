@@ -218,7 +218,8 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
                                     ",'blocked':['desktop']}\n"));
         const Outcome shown = zolvactl(tree.root(), {"summary"});
         EXPECT_THAT(shown.out, StartsWith("What can be given back in " + tree.root() + "\n\n"));
-        EXPECT_THAT(shown.out, HasSubstr("  Total            2.1 MB\n"));
+        EXPECT_THAT(shown.out, HasSubstr("  zolvactl empty-trash\n"));
+        EXPECT_THAT(shown.out, HasSubstr("  Total            2.2 MB\n"));
         EXPECT_THAT(shown.out, HasSubstr("Cannot look into: Desktop. The sums leave them out.\n"));
     });
 }

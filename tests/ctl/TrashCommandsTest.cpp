@@ -117,11 +117,10 @@ TEST(TrashMeterCommand, ATrashThatCannotBeReadIsNoFailureButEmptyingItIs)
         EXPECT_EQ(home.run({"trash-meter"}).out, "The Trash cannot be read.\n");
         const Outcome emptied = home.run({"empty-trash", "--yes", "--json"});
         EXPECT_EQ(emptied.code, 1);
-        EXPECT_EQ(
-            emptied.out,
-            json("{'emptied':0,'failed':0,'toasts':[{'kind':'warning','text':'Zolva can\u2019t"
-                 " read the Trash. Grant Full Disk Access in System Settings.','action':"
-                 "null}]}\n"));
+        EXPECT_EQ(emptied.out,
+                  json("{'emptied':0,'failed':0,'toasts':[{'kind':'warning','text':") +
+                      "\"Zolva can't read the Trash. Grant Full Disk Access in System Settings.\"" +
+                      json(",'action':null}]}\n"));
     });
 }
 
