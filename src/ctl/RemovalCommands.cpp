@@ -6,16 +6,16 @@
 #include "ctl/TypedPath.h"
 #include "files/DisplayPath.h"
 #include "files/ExclusionRules.h"
-#include "files/FolderTally.h"
-#include "files/PathText.h"
 #include "removal/runs/ListRuns.h"
 #include "removal/runs/RunSelection.h"
 #include "scanners/CleanScan.h"
 #include "scanners/InstallerScanner.h"
 #include "scanners/ProjectScan.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -50,12 +50,6 @@ Answer unknown(const std::string& what, const std::string& typed)
     return {{}, "the scan lists no " + what + " " + displayLine(typed), Exit::WrongUsage};
 }
 
-/// As paths are compared: "~" written out, from the root.
-std::string comparable(const std::string& typed)
-{
-    return typed.starts_with('~') ? standardizedPath(expandTilde(typed)) : absolutePath(typed);
-}
-
 /// Which rows were named, by `nameOf`; the name that no row has.
 template <typename Row, typename NameOf>
 std::optional<std::string> keepNamed(std::vector<Row>& rows, const Request& request, NameOf nameOf)
@@ -66,7 +60,7 @@ std::optional<std::string> keepNamed(std::vector<Row>& rows, const Request& requ
     }
     std::set<std::string> named;
     for (const std::string& typed : request.operands) {
-        const std::string name = comparable(typed);
+        const std::string name = namedPath(typed);
         if (!known.contains(name)) {
             return typed;
         }
@@ -85,13 +79,14 @@ Answer trash(const Request& request)
     }
     std::vector<std::string> paths;
     for (const std::string& typed : request.operands) {
-        paths.push_back(absolutePath(typed));
+        paths.push_back(namedPath(typed));
     }
     const std::vector<std::string> excluded = request.exclusionList();
+    const std::vector<std::int64_t> sizes = sizesToShow(request, paths);
     Plan plan;
-    for (const std::string& path : paths) {
-        if (!isExcluded(path, excluded)) {
-            plan.push_back(planned(path, folderTally(path).bytes));
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        if (!isExcluded(paths[i], excluded)) {
+            plan.push_back(planned(paths[i], sizes[i]));
         }
     }
     return removal(request, plan,
@@ -142,7 +137,7 @@ Answer runPurge(const Request& request)
     if (request.operands.empty()) {
         std::erase_if(projects, [](const Project& project) { return project.age < recentDays; });
     } else if (const auto missing = keepNamed(projects, request, [](const Project& project) {
-                   return comparable(projectKey(project));
+                   return namedPath(projectKey(project));
                })) {
         return unknown("build artifact", *missing);
     }
@@ -164,7 +159,7 @@ Answer runInstallers(const Request& request)
     std::vector<InstallerItem> items = InstallerScanner::scan(request.now);
     if (!request.operands.empty()) {
         const auto missing =
-            keepNamed(items, request, [](const InstallerItem& item) { return comparable(item.p); });
+            keepNamed(items, request, [](const InstallerItem& item) { return namedPath(item.p); });
         if (missing) {
             return unknown("installer", *missing);
         }

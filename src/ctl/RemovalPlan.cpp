@@ -1,8 +1,10 @@
 #include "ctl/RemovalPlan.h"
 
 #include "ctl/JsonText.h"
+#include "ctl/Progress.h"
 #include "ctl/Table.h"
 #include "files/DisplayPath.h"
+#include "files/FolderTally.h"
 #include "files/PathGuards.h"
 #include "files/SizeText.h"
 
@@ -82,6 +84,23 @@ PlannedItem planned(std::string path, std::int64_t bytes)
 {
     std::optional<std::string> refusal = pathRefusal(path);
     return {std::move(path), bytes, std::move(refusal)};
+}
+
+bool isShown(const Request& request)
+{
+    return request.dryRun || !request.yes;
+}
+
+std::vector<std::int64_t> sizesToShow(const Request& request, const std::vector<std::string>& paths)
+{
+    std::vector<std::int64_t> sizes(paths.size(), 0);
+    if (isShown(request)) {
+        Progress progress;
+        const std::vector<Tally> tallies = folderTallies(paths, progress.teller());
+        std::transform(tallies.begin(), tallies.end(), sizes.begin(),
+                       [](const Tally& tally) { return tally.bytes; });
+    }
+    return sizes;
 }
 
 std::optional<Answer> nobodyToAsk(const Request& request)

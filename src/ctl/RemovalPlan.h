@@ -24,6 +24,13 @@ using Plan = std::vector<PlannedItem>;
 /// Each path as the guard sees it.
 [[nodiscard]] PlannedItem planned(std::string path, std::int64_t bytes);
 
+/// Whether anybody will see the plan.
+[[nodiscard]] bool isShown(const Request& request);
+
+/// Bytes on disk below each path; zeros, unmeasured, where nobody will see them.
+[[nodiscard]] std::vector<std::int64_t> sizesToShow(const Request& request,
+                                                    const std::vector<std::string>& paths);
+
 /// Why the removal cannot begin: there is nobody to ask, and no answer was given.
 [[nodiscard]] std::optional<Answer> nobodyToAsk(const Request& request);
 

@@ -8,7 +8,6 @@
 #include "files/DisplayPath.h"
 #include "files/ExclusionRules.h"
 #include "files/FolderTally.h"
-#include "files/PathText.h"
 #include "removal/runs/UninstallRun.h"
 #include "scanners/LeftoverScan.h"
 
@@ -81,11 +80,10 @@ Plan uninstallPlan(const NamedApps& list, const std::vector<std::string>& exclud
 std::optional<std::string> checkNamed(NamedApps& list, const std::vector<std::string>& typed)
 {
     for (const std::string& path : typed) {
-        const std::string whole =
-            path.starts_with('~') ? standardizedPath(expandTilde(path)) : absolutePath(path);
+        const std::string whole = namedPath(path);
         const Apps& apps = *list.loaded();
         const auto app = std::find_if(apps.begin(), apps.end(), [&](const UninstallApp& one) {
-            return standardizedPath(expandTilde(one.path)) == whole;
+            return namedPath(one.path) == whole;
         });
         if (app == apps.end()) {
             return path;
@@ -127,7 +125,7 @@ Answer uninstall(const Request& request)
     if (const auto missing = checkNamed(list, request.operands)) {
         return {{}, "no application is listed at " + displayLine(*missing), Exit::WrongUsage};
     }
-    const Plan plan = uninstallPlan(list, request.exclusionList());
+    const Plan plan = isShown(request) ? uninstallPlan(list, request.exclusionList()) : Plan();
     if (request.dryRun) {
         return wouldAnswer(request, plan);
     }

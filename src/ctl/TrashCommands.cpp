@@ -6,7 +6,6 @@
 #include "ctl/Table.h"
 #include "ctl/TrashReading.h"
 #include "files/DisplayPath.h"
-#include "files/FolderTally.h"
 #include "files/PathText.h"
 #include "files/SizeText.h"
 #include "removal/disk/HomeTrash.h"
@@ -19,6 +18,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,11 +36,10 @@ Plan trashPlan(const Request& request)
     for (const std::string& name : names) {
         paths.push_back(joinedPath(trashFolder(), name));
     }
-    const bool isShown = request.dryRun || !request.yes;
-    const std::vector<Tally> sizes = isShown ? folderTallies(paths) : std::vector<Tally>();
+    const std::vector<std::int64_t> sizes = sizesToShow(request, paths);
     Plan plan;
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        plan.push_back({std::move(paths[i]), isShown ? sizes[i].bytes : 0, std::nullopt});
+        plan.push_back({std::move(paths[i]), sizes[i], std::nullopt});
     }
     return plan;
 }

@@ -60,6 +60,19 @@ TEST(TrashCommand, ResolvesRelativePathsAgainstTheCurrentFolder)
     EXPECT_THAT(home.trash(), ElementsAre("a"));
 }
 
+TEST(TrashCommand, TakesATildeAsTheScansWriteItAndNamesThatBeginWithOne)
+{
+    RemovalHome home;
+    home.tree.file("Documents/a");
+    home.tree.file("Documents/~b");
+    const Outcome outcome = ChildRun({"trash", "~/Documents/a", "~b", "--yes"})
+                                .home(home.tree.root())
+                                .in(home.tree.path("Documents"))
+                                .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_THAT(home.trash(), ElementsAre("a", "~b"));
+}
+
 TEST(TrashCommand, ARefusedPathStaysAndFailsWhileTheOthersGo)
 {
     RemovalHome home;

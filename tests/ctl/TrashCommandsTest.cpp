@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace zolva::test {
 
 namespace {
@@ -137,6 +139,23 @@ TEST_F(FilledTrash, EmptyingDeletesAllOfItForGood)
     const Outcome again = home.run({"empty-trash", "--yes"});
     EXPECT_EQ(again.code, 0);
     EXPECT_EQ(again.out, "The Trash is already empty.\n");
+}
+
+TEST(EmptyTrashCommand, CtrlCStopsNothing)
+{
+    RemovalHome home;
+    for (int i = 0; i < 400; ++i) {
+        home.tree.folder(".local/share/Trash/files/d" + std::to_string(i));
+    }
+    const Outcome outcome = ChildRun({"empty-trash", "--yes"})
+                                .home(home.tree.root())
+                                .errorsOnTerminal()
+                                .signalAfter("  1 of 400", SIGINT)
+                                .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.out, "Trash emptied.\n");
+    EXPECT_THAT(outcome.err, HasSubstr("Stopping…"));
+    EXPECT_THAT(home.trash(), IsEmpty());
 }
 
 TEST_F(FilledTrash, TheQuestionOfEmptyingSaysThatItIsForGood)
