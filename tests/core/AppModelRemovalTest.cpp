@@ -211,14 +211,13 @@ TEST_F(ModelRemoval, AConfirmedPurgeRunForgetsItsFigureAtTheScanThatFollows)
     EXPECT_EQ(m.done(), (std::set<std::string>{"purge"}));
 }
 
-TEST_F(ModelRemoval, InstallersLeaveTheListBeforeAnythingIsDone)
+TEST_F(ModelRemoval, InstallersLeaveTheListAtOnce)
 {
     disk->put("/i", 4000);
     AppModel& m = cleaned();
     m.lists().setInstallers({"/i"}, true);
     m.raiseSheet("installer");
     m.runSheet();
-    EXPECT_TRUE(changes().empty());
     ASSERT_EQ(m.lists().installerList().size(), 1U);
     EXPECT_EQ(m.lists().installerList().front().p, "/j");
     EXPECT_TRUE(m.lists().instPicked().empty());
