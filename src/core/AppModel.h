@@ -96,8 +96,7 @@ public:
     [[nodiscard]] QCoro::Task<> scanPurge(bool force);
     void scanInstallers();
     void rescanClean(); ///< nothing of a run stays up
-    /// For the panel of the menu bar: keeping the results held, or afresh.
-    void scanForMenu();
+    void scanForMenu(); ///< for the panel of the menu bar: keeping the results held
     void rescanForMenu();
 
 Q_SIGNALS:
