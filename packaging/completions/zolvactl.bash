@@ -2,8 +2,9 @@
 
 _zolvactl()
 {
-    local commands="summary analyze clean purge installers apps leftovers blocked tally check
-        excluded validate-exclusion size status prefs exclusions version"
+    local commands="summary analyze clean purge installers trash uninstall put-back trash-meter
+        empty-trash apps leftovers blocked tally check excluded validate-exclusion size status
+        prefs exclusions version"
     local current="${COMP_WORDS[COMP_CWORD]}"
     local previous="${COMP_WORDS[COMP_CWORD - 1]}"
     local command="" change="" key="" options="--json --help --version" word last=""
@@ -27,6 +28,11 @@ _zolvactl()
         apps) options="--json --help --apps" ;;
         leftovers) options="--json --help --apps --path" ;;
         excluded | validate-exclusion) options="--json --help --list" ;;
+        clean | purge | installers)
+            options="--json --help --run --yes --dry-run --permanent" ;;
+        trash) options="--json --help --yes --dry-run --permanent" ;;
+        uninstall) options="--json --help --apps --yes --dry-run" ;;
+        empty-trash) options="--json --help --yes --dry-run" ;;
         status) options="--json --help --watch --interval" ;;
         ?*) options="--json --help" ;;
     esac
@@ -44,7 +50,7 @@ _zolvactl()
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -d -- "$current")
             ;;
-        tally | check | excluded | validate-exclusion)
+        tally | check | excluded | validate-exclusion | trash | uninstall | purge | installers)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$current")
             ;;
@@ -68,6 +74,11 @@ _zolvactl()
                 compopt -o filenames 2>/dev/null
                 mapfile -t COMPREPLY < <(compgen -f -- "$current")
             fi
+            ;;
+        put-back)
+            compopt -o filenames 2>/dev/null
+            local trash="${XDG_DATA_HOME:-$HOME/.local/share}/Trash/files"
+            mapfile -t COMPREPLY < <(cd "$trash" 2>/dev/null && compgen -f -- "$current")
             ;;
         apps | leftovers)
             if [[ "$previous" == --apps || "$previous" == --path ]]; then

@@ -5,6 +5,8 @@
 #include "diagnostics/CrashCapture.h"
 #include "diagnostics/RunJournal.h"
 #include "files/HomeFolder.h"
+#include "removal/FreeSpaceMeter.h"
+#include "removal/runs/LiveRemovalDisk.h"
 #include "scanners/InstallerScanner.h"
 
 namespace zolva {
@@ -20,6 +22,10 @@ AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs)
             .mo = moLocation(),
             .scans = backgroundScans(clock),
             .reads = std::move(reads),
+            .disk = {.disk = std::make_shared<LiveRemovalDisk>(),
+                     .space = homeVolumeSpace,
+                     .processes = std::make_unique<SystemAppProcesses>(),
+                     .scanResidue = scanResidue},
             .logFolder = logFolder(homeFolder()),
             .crashCapture = installCrashCapture};
 }

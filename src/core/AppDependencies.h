@@ -7,6 +7,9 @@
 #include "core/PrefsStore.h"
 #include "core/SystemAppearance.h"
 #include "files/Records.h"
+#include "platform/VolumeSpace.h"
+#include "removal/runs/RemovalDisk.h"
+#include "removal/runs/UninstallRun.h"
 #include "scanners/DiskAccess.h"
 
 #include <QCoroTask>
@@ -32,18 +35,22 @@ struct AppDoors
 {
     std::function<void()> accessSettings; ///< where access to folders is granted
     std::function<void()> logFolder;
+    std::function<void()> trash;
 };
 
-/// The meters of the disk and of the Trash.
-struct AppMeters
+/// What removals read and change outside this program.
+struct AppDisk
 {
-    std::function<void()> start;   ///< reads them at once, and from then on by themselves
-    std::function<void()> refresh; ///< reads them at once
+    std::shared_ptr<RemovalDisk> disk;
+    std::function<VolumeSpace()> space; ///< of the home's volume
+    std::unique_ptr<AppProcesses> processes;
+    ResidueScan scanResidue; ///< called in the background
 };
 
 /// The steps of a start that belong to the program with the window.
 struct StartSteps
 {
+    bool meters = true;
     bool journalCheck = true;
     bool accessProbe = true;
 };
@@ -56,10 +63,10 @@ struct AppDependencies
     MoLocation mo; ///< where the runner's tool stands
     LiveScans scans;
     AppReads reads;
+    AppDisk disk;
     std::string logFolder; ///< of the run journal and the record of crashes
     std::function<void(const std::string& logFolder)> crashCapture;
     SystemAppearance* appearance = nullptr; ///< outlives the model; null for a light desktop
-    AppMeters meters{};
     AppDoors doors{};
     StartSteps steps{};
 };

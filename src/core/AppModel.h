@@ -2,6 +2,7 @@
 
 #include "core/AppDependencies.h"
 #include "core/AppLists.h"
+#include "core/AppRemoval.h"
 #include "core/AppSettings.h"
 #include "core/LiveData.h"
 #include "core/SortKey.h"
@@ -36,6 +37,7 @@ public:
     [[nodiscard]] Exclusions& exclusions() { return m_settings.exclusions(); }
     [[nodiscard]] AppLists& lists() { return m_lists; }
     [[nodiscard]] ToastList& toasts() { return m_toasts; }
+    [[nodiscard]] AppRemoval& removal() { return m_removal; }
 
     /// "home", "clean", "purge", "installer", "uninstall", "analyze", "status" or "settings".
     [[nodiscard]] const std::string& screen() const { return m_screen; }
@@ -45,10 +47,18 @@ public:
     /// The confirmation that is up, if any.
     [[nodiscard]] const std::optional<std::string>& sheet() const { return m_sheet; }
     void setSheet(std::optional<std::string> id);
+    /// Only where it has something to confirm.
+    void raiseSheet(const std::string& id);
+    void askEmptyTrash(); ///< unless it is empty
+    /// Confirmed: takes the sheet away and starts what it is about.
+    void runSheet();
 
     /// The confirmations whose runs were started.
     [[nodiscard]] const std::set<std::string>& done() const { return m_done; }
     void markDone(const std::string& id) { m_done.insert(id); }
+
+    void removeInstaller(const InstallerItem& item); ///< without a sheet
+    void emptyTrash();
 
     /// Bytes that the last run gave back.
     [[nodiscard]] std::int64_t lastCleanFreed() const { return m_lastCleanFreed; }
@@ -85,8 +95,8 @@ public:
     [[nodiscard]] QCoro::Task<> scanClean(bool force);
     [[nodiscard]] QCoro::Task<> scanPurge(bool force);
     void scanInstallers();
-    /// For the panel of the menu bar: keeping the results held, or afresh.
-    void scanForMenu();
+    void rescanClean(); ///< nothing of a run stays up
+    void scanForMenu(); ///< for the panel of the menu bar: keeping the results held
     void rescanForMenu();
 
 Q_SIGNALS:
@@ -106,6 +116,10 @@ private:
     void readAppearance(const SystemAppearance* appearance);
     void checkRunJournal(const std::string& folder);
     void refreshMeters();
+    void cleanSelected();
+    void purgeSelected();
+    void removeInstallers();
+    void uninstallTicked();
     [[nodiscard]] QCoro::Task<> introduceAccess();
     [[nodiscard]] QCoro::Task<> probeAccess();
     [[nodiscard]] QCoro::Task<> readInstallers(int gen);
@@ -117,7 +131,6 @@ private:
     AppLists m_lists;
     ToastList m_toasts;
     AppReads m_reads;
-    AppMeters m_meters;
     AppDoors m_doors;
 
     std::string m_screen = "home";
@@ -130,6 +143,7 @@ private:
     std::map<std::string, std::string> m_query;
     std::vector<diskAccess::Location> m_blockedLocations;
     bool m_showAccessIntro = false;
+    AppRemoval m_removal; ///< goes first: its runs end with it
 };
 
 } // namespace zolva

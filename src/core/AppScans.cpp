@@ -122,9 +122,8 @@ QCoro::Task<> AppModel::introduceAccess()
 
 void AppModel::refreshMeters()
 {
-    if (m_meters.refresh) {
-        m_meters.refresh();
-    }
+    m_removal.space().refreshFreeSpace();
+    m_removal.trash().refreshTrashMeter();
 }
 
 } // namespace zolva

@@ -14,9 +14,11 @@ AppModel::AppModel(AppDependencies dependencies, QObject* parent)
     : QObject(parent),
       m_live(std::move(dependencies.runner), std::move(dependencies.scans), dependencies.mo),
       m_settings(dependencies.prefs, m_live), m_toasts(dependencies.clock),
-      m_reads(std::move(dependencies.reads)), m_meters(std::move(dependencies.meters)),
-      m_doors(std::move(dependencies.doors))
+      m_reads(std::move(dependencies.reads)), m_doors(std::move(dependencies.doors)),
+      m_removal({dependencies.clock, m_live, m_settings, m_lists, m_toasts},
+                std::move(dependencies.disk), dependencies.logFolder, m_doors.trash)
 {
+    connect(&m_removal.trash(), &TrashMeter::emptyTrashWanted, this, &AppModel::askEmptyTrash);
     connect(&m_settings, &AppSettings::themeModeChanged, this, &AppModel::isLightThemeChanged);
     if (dependencies.crashCapture) {
         dependencies.crashCapture(dependencies.logFolder);
@@ -24,8 +26,8 @@ AppModel::AppModel(AppDependencies dependencies, QObject* parent)
     readAppearance(dependencies.appearance);
     m_settings.loadPrefs();
     followAppearance(dependencies.appearance);
-    if (m_meters.start) {
-        m_meters.start();
+    if (dependencies.steps.meters) {
+        m_removal.trash().startMeters();
     }
     if (dependencies.steps.journalCheck) {
         checkRunJournal(dependencies.logFolder);

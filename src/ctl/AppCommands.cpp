@@ -1,15 +1,10 @@
-#include "async/Clock.h"
-#include "core/LiveMoRunner.h"
-#include "ctl/AppListFile.h"
+#include "ctl/AppSource.h"
 #include "ctl/Commands.h"
 #include "ctl/JsonText.h"
-#include "ctl/Session.h"
 #include "ctl/Table.h"
 #include "files/DisplayPath.h"
 #include "files/SizeText.h"
 #include "scanners/LeftoverScan.h"
-
-#include <QCoroTask>
 
 #include <algorithm>
 #include <string>
@@ -23,26 +18,6 @@ namespace {
 Answer failed(std::string note)
 {
     return {{}, std::move(note), Exit::Failed};
-}
-
-using NamedApps = tl::expected<std::vector<UninstallApp>, std::string>;
-
-/// What the tool lists; else what the user is told.
-NamedApps appsFromTool()
-{
-    const Session session;
-    SystemClock clock;
-    LiveMoRunner runner(clock);
-    AppList list = QCoro::waitFor(runner.listApps());
-    if (!list) {
-        return tl::unexpected(displayLine(userText(list.error())));
-    }
-    return std::move(*list);
-}
-
-NamedApps listedApps(const Request& request)
-{
-    return request.appsFile ? appsFromFile(*request.appsFile) : appsFromTool();
 }
 
 Json appJson(const UninstallApp& app)

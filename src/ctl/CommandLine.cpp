@@ -37,7 +37,11 @@ enum class Extra
     List,
     Apps,
     AppsAndPath,
-    Watch
+    Watch,
+    Run,      ///< lists, or with "--run" removes
+    Removal,  ///< what it removes may be kept in the Trash
+    ForGood,  ///< what it removes cannot
+    Uninstall ///< the same, of the applications that the tool lists
 };
 
 /// One command: how it is called, and what it does.
@@ -49,18 +53,28 @@ struct Command
     const char* operandName;
     Extra extra;
     Answer (*run)(const Request&);
+    Answer (*remove)(const Request&) = nullptr; ///< in place of `run`, with "--run"
 };
 
 constexpr std::array commands = {
     Command{"summary", "What can be given back, in all", Operands::None, "", Extra::None, summary},
     Command{"analyze", "Where the space went: an overview, or one folder by its children",
             Operands::AtMostOne, "PATH", Extra::None, analyze},
-    Command{"clean", "Caches, logs and other things that are rebuilt on demand", Operands::None, "",
-            Extra::None, clean},
-    Command{"purge", "Build artifacts in the project folders", Operands::None, "", Extra::None,
-            purge},
-    Command{"installers", "Disk images and packages left behind", Operands::None, "", Extra::None,
-            installers},
+    Command{"clean", "Caches, logs and other things that are rebuilt on demand", Operands::Any,
+            "ID", Extra::Run, clean, runClean},
+    Command{"purge", "Build artifacts in the project folders", Operands::Any, "KEY", Extra::Run,
+            purge, runPurge},
+    Command{"installers", "Disk images and packages left behind", Operands::Any, "PATH", Extra::Run,
+            installers, runInstallers},
+    Command{"trash", "Move each path to the Trash", Operands::Many, "PATH", Extra::Removal, trash},
+    Command{"uninstall", "Remove applications, and what they left, for good", Operands::Many,
+            "PATH", Extra::Uninstall, uninstall},
+    Command{"put-back", "Put what lies in the Trash back to where it came from", Operands::Many,
+            "NAME", Extra::None, putBack},
+    Command{"trash-meter", "How much lies in the Trash", Operands::None, "", Extra::None,
+            trashMeter},
+    Command{"empty-trash", "Delete for good what lies in the Trash", Operands::None, "",
+            Extra::ForGood, emptyTrash},
     Command{"apps", "The installed applications, with what their bundles tell", Operands::None, "",
             Extra::Apps, apps},
     Command{"leftovers", "What else on this disk belongs to an application", Operands::None, "",
@@ -127,6 +141,49 @@ CLI::Option* addValue(CLI::App& app, const std::string& name, const std::string&
     return app.add_option(name, CLI::callback_t([](const CLI::results_t&) { return true; }), about);
 }
 
+bool takesApps(const Command& command)
+{
+    return command.extra == Extra::Apps || command.extra == Extra::AppsAndPath ||
+           command.extra == Extra::Uninstall;
+}
+
+bool removes(const Command& command)
+{
+    return command.extra == Extra::Run || command.extra == Extra::Removal ||
+           command.extra == Extra::ForGood || command.extra == Extra::Uninstall;
+}
+
+bool mayKeep(const Command& command)
+{
+    return command.extra == Extra::Run || command.extra == Extra::Removal;
+}
+
+void addRemovalFlags(CLI::App& sub, const Command& command)
+{
+    if (command.extra == Extra::Run) {
+        sub.add_flag("--run")->description(std::string("Remove what is listed, or each ") +
+                                           command.operandName + " of it");
+    }
+    sub.add_flag("--yes")->description("Do not ask");
+    sub.add_flag("--dry-run")->description("Show what would go, and touch nothing");
+    if (mayKeep(command)) {
+        sub.add_flag("--permanent")->description("Delete for good what was moved to the Trash");
+    }
+}
+
+/// Of a command that also only lists, all of it is about the removal.
+void readRemoval(const CLI::App& sub, const Command& command, Request& request)
+{
+    request.run = command.extra != Extra::Run || given(sub, "--run");
+    request.yes = given(sub, "--yes");
+    request.dryRun = given(sub, "--dry-run");
+    request.permanent = mayKeep(command) && given(sub, "--permanent");
+    const bool asksRemoval = request.yes || request.dryRun || request.permanent;
+    if (!request.run && (asksRemoval || !request.operands.empty())) {
+        throw WrongUsage(std::string(command.name) + " only lists without --run");
+    }
+}
+
 void addCommand(CLI::App& app, const Command& command)
 {
     CLI::App* sub = app.add_subcommand(command.name, command.about);
@@ -146,7 +203,7 @@ void addCommand(CLI::App& app, const Command& command)
             ->allow_extra_args()
             ->type_name("ENTRY");
     }
-    if (command.extra == Extra::Apps || command.extra == Extra::AppsAndPath) {
+    if (takesApps(command)) {
         addValue(*sub, "--apps",
                  "a file that holds the list as `mo uninstall --list` prints it (mo is asked "
                  "without it)")
@@ -155,6 +212,9 @@ void addCommand(CLI::App& app, const Command& command)
     if (command.extra == Extra::AppsAndPath) {
         addValue(*sub, "--path", "the bundle of the application, as the list has it")
             ->type_name("BUNDLE");
+    }
+    if (removes(command)) {
+        addRemovalFlags(*sub, command);
     }
     if (command.extra == Extra::Watch) {
         sub->add_flag("--watch")->description("Go on with every new reading, until Ctrl-C");
@@ -174,8 +234,7 @@ Request requestOf(const CLI::App& app, const Command& command, const Arguments& 
     if (command.extra == Extra::List && given(sub, "--list")) {
         request.list = valuesOf(sub, arguments, "--list");
     }
-    const bool takesApps = command.extra == Extra::Apps || command.extra == Extra::AppsAndPath;
-    if (takesApps && given(sub, "--apps")) {
+    if (takesApps(command) && given(sub, "--apps")) {
         request.appsFile = valueOf(sub, arguments, "--apps");
     }
     if (command.extra == Extra::AppsAndPath) {
@@ -186,6 +245,9 @@ Request requestOf(const CLI::App& app, const Command& command, const Arguments& 
         if (given(sub, "--interval")) {
             request.interval = valueOf(sub, arguments, "--interval");
         }
+    }
+    if (removes(command)) {
+        readRemoval(sub, command, request);
     }
     request.json = app.get_option("--json")->count() > 0;
     request.now = std::chrono::system_clock::now();
@@ -235,7 +297,9 @@ Answer answerTo(const Arguments& arguments)
         app.parse(arguments.reversedTokens());
         for (const Command& command : commands) {
             if (app.got_subcommand(command.name)) {
-                return command.run(requestOf(app, command, arguments));
+                const Request request = requestOf(app, command, arguments);
+                return request.run && command.remove ? command.remove(request)
+                                                     : command.run(request);
             }
         }
     } catch (const CLI::CallForHelp&) {

@@ -3,7 +3,7 @@
 namespace zolva::ctl {
 
 /// Reads the arguments, does what they ask and returns the exit code: 0 done, 1 could not, 2 wrong
-/// usage. Main thread.
+/// usage, 3 stopped. Main thread.
 int run(int argc, char** argv);
 
 } // namespace zolva::ctl

@@ -17,9 +17,6 @@ namespace zolva::ctl {
 
 namespace {
 
-/// Projects younger than this are found but not what one wants to remove.
-constexpr std::int64_t recentDays = 7;
-
 std::string daysText(std::int64_t days)
 {
     return counted(days, "day");

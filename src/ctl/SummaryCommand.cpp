@@ -2,6 +2,7 @@
 #include "ctl/JsonText.h"
 #include "ctl/Progress.h"
 #include "ctl/Table.h"
+#include "ctl/TrashReading.h"
 #include "files/DisplayPath.h"
 #include "files/ExclusionRules.h"
 #include "files/HomeFolder.h"
@@ -25,9 +26,10 @@ struct Sums
     std::int64_t clean = 0;
     std::int64_t purge = 0;
     std::int64_t installers = 0;
+    TrashReading trash;
     std::vector<diskAccess::Location> blocked;
 
-    [[nodiscard]] std::int64_t total() const { return clean + purge + installers; }
+    [[nodiscard]] std::int64_t total() const { return clean + purge + installers + trash.bytes; }
 };
 
 Sums sumsOf(const Request& request)
@@ -46,6 +48,7 @@ Sums sumsOf(const Request& request)
     for (const InstallerItem& item : InstallerScanner::scan(request.now)) {
         sums.installers += item.b;
     }
+    sums.trash = readTrash();
     sums.blocked = diskAccess::blockedLocations();
     return sums;
 }
@@ -60,7 +63,8 @@ std::string summaryText(const Sums& sums, const Look& look)
     };
     const Line lines[] = {{"Caches and logs", sums.clean, "zolvactl clean"},
                           {"Build artifacts", sums.purge, "zolvactl purge"},
-                          {"Installers", sums.installers, "zolvactl installers"}};
+                          {"Installers", sums.installers, "zolvactl installers"},
+                          {"Trash", sums.trash.bytes, "zolvactl empty-trash"}};
     Table table({{}, {{}, Side::Right}, {}, {{}, Side::Right}, {}});
     for (const Line& line : lines) {
         table.row({{line.what},
@@ -102,6 +106,7 @@ Answer summary(const Request& request)
     return document({{"clean", sums.clean},
                      {"purge", sums.purge},
                      {"installers", sums.installers},
+                     {"trash", sums.trash.bytes},
                      {"total", sums.total()},
                      {"blocked", ids}});
 }

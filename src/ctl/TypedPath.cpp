@@ -1,5 +1,7 @@
 #include "ctl/TypedPath.h"
 
+#include "files/PathText.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -48,6 +50,12 @@ std::string absolutePath(std::string_view typed)
         }
     }
     return result.empty() ? "/" : result;
+}
+
+std::string namedPath(std::string_view typed)
+{
+    return absolutePath(typed == "~" || typed.starts_with("~/") ? expandTilde(typed)
+                                                                : std::string(typed));
 }
 
 } // namespace zolva::ctl

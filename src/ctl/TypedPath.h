@@ -11,4 +11,8 @@ namespace zolva::ctl {
 /// as nobody changes the current folder.
 [[nodiscard]] std::string absolutePath(std::string_view typed);
 
+/// The same, with "~" for the home folder, as the documents of the scans write it. A name that only
+/// begins with "~" is a name.
+[[nodiscard]] std::string namedPath(std::string_view typed);
+
 } // namespace zolva::ctl

@@ -11,6 +11,8 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
+#include <string>
 
 namespace zolva::test {
 
@@ -20,10 +22,11 @@ namespace {
 class LiveAppModel : public ::testing::Test
 {
 protected:
-    std::unique_ptr<AppModel> build()
+    std::unique_ptr<AppModel> build(StartSteps which = {})
     {
         AppDependencies all = liveDependencies(clock, store);
         all.crashCapture = {}; // it would stay for the tests that follow
+        all.steps = which;
         return std::make_unique<AppModel>(std::move(all));
     }
 
@@ -56,9 +59,20 @@ TEST_F(LiveAppModel, ShowsNoIntroWhereEveryFolderCanBeListed)
     EXPECT_TRUE(settled(liveDependencies(clock, store).reads.blockedLocations()).empty());
 }
 
-TEST_F(LiveAppModel, BeginningAndEndingLeavesNothingOnTheDisk)
+TEST_F(LiveAppModel, BeginningAndEndingLeavesNothingOnTheDiskButATrashToWatch)
 {
     build().reset();
+    std::set<std::string> left;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(tree.root())) {
+        left.insert(std::filesystem::relative(entry.path(), tree.root()).native());
+    }
+    EXPECT_EQ(left, (std::set<std::string>{".local", ".local/share", ".local/share/Trash",
+                                           ".local/share/Trash/files", ".local/share/Trash/info"}));
+}
+
+TEST_F(LiveAppModel, WithoutItsMetersBeginningAndEndingLeavesNothingOnTheDisk)
+{
+    build({.meters = false}).reset();
     EXPECT_TRUE(std::filesystem::is_empty(tree.root()));
 }
 

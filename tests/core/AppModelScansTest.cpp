@@ -354,7 +354,7 @@ TEST_F(ModelScans, TheMenuKeepsTheResultsHeldAndReadsTheMetersLast)
     EXPECT_EQ(held.purge.count(), 1U);
     EXPECT_EQ(installers.count(), 1U);
     EXPECT_EQ(script.lists.count(), 0U);
-    EXPECT_EQ(steps, (Names{"access probed", "meters refreshed"}));
+    EXPECT_EQ(steps, (Names{"access probed", "space read"}));
 }
 
 TEST_F(ModelScans, TheMenusFirstScanReadsWhatIsNotHeld)
@@ -374,7 +374,7 @@ TEST_F(ModelScans, TheMenusRescanIsForcedAndComesAfterTheMeters)
     QObject::connect(&m.live(), &LiveData::cleanChanged, &m, [&] { steps.push_back("clean"); });
     QObject::connect(&m.live(), &LiveData::purgeChanged, &m, [&] { steps.push_back("purge"); });
     m.rescanForMenu();
-    EXPECT_EQ(steps, (Names{"access probed", "meters refreshed", "clean", "purge"}));
+    EXPECT_EQ(steps, (Names{"access probed", "space read", "clean", "purge"}));
     EXPECT_EQ(held.clean.count(), 2U);
     EXPECT_EQ(held.purge.count(), 2U);
     EXPECT_EQ(m.lastPurgeFreed(), 0);

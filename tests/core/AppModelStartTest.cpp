@@ -33,7 +33,7 @@ TEST_F(ModelStart, GoesThroughItsStepsInTheirOrder)
                             "read zolva.themeMode", "read zolva.pollInterval",
                             "read zolva.diskThreshold", "read zolva.requireTouchID",
                             "read zolva.keepInTrash", "read zolva.whitelist", "appearance watched",
-                            "meters started", "logged previous run did not finish: " + journal,
+                            "space read", "logged previous run did not finish: " + journal,
                             "read zolva.seenAccessIntro", "access probed"}));
 }
 

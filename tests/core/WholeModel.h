@@ -3,7 +3,10 @@
 #include "core/AppModel.h"
 #include "core/ScriptedRunner.h"
 
+#include "removal/UninstallBench.h"
+
 #include "support/RecordedLog.h"
+#include "support/RecordingTrash.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
 #include "support/qt/ManualClock.h"
@@ -153,16 +156,24 @@ protected:
                               steps.emplace_back("access probed");
                               return probes.ask();
                           }},
+            .disk = {.disk = disk,
+                     .space =
+                         [this] {
+                             steps.emplace_back("space read");
+                             return VolumeSpace{100, 200};
+                         },
+                     .processes = std::make_unique<ScriptedProcesses>(),
+                     .scanResidue = [](const UninstallApp&, const std::vector<UninstallApp>&)
+                         -> std::vector<ResidueRow> { return {}; }},
             .logFolder = tree.path("logs"),
             .crashCapture =
                 [this](const std::string& folder) {
                     steps.push_back("crashes caught in " + folder);
                 },
             .appearance = &appearance,
-            .meters = {.start = [this] { steps.emplace_back("meters started"); },
-                       .refresh = [this] { steps.emplace_back("meters refreshed"); }},
             .doors = {.accessSettings = [this] { steps.emplace_back("access settings opened"); },
-                      .logFolder = [this] { steps.emplace_back("log folder opened"); }},
+                      .logFolder = [this] { steps.emplace_back("log folder opened"); },
+                      .trash = [this] { steps.emplace_back("Trash opened"); }},
             .steps = which};
     }
 
@@ -207,6 +218,7 @@ protected:
     HeldScans held;
     HeldCalls<std::vector<InstallerItem>> installers;
     HeldCalls<Blocked> probes;
+    std::shared_ptr<RecordingTrash> disk = std::make_shared<RecordingTrash>();
     std::unique_ptr<AppModel> model;
 };
 

@@ -11,7 +11,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <functional>
+#include <set>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -165,6 +168,31 @@ ChildRun& ChildRun::errorsOnTerminal()
     return *this;
 }
 
+ChildRun& ChildRun::answerOnTerminal(const std::string& typed)
+{
+    m_typed = typed;
+    m_errorTerminal = true;
+    return *this;
+}
+
+void ChildRun::mustBeHarmless() const
+{
+    static const std::set<std::string> removals = {"--run", "trash", "empty-trash", "uninstall",
+                                                   "put-back"};
+    const bool removes =
+        std::any_of(m_arguments.begin(), m_arguments.end(),
+                    [](const std::string& argument) { return removals.contains(argument); });
+    const std::string temporary = std::filesystem::temp_directory_path().native();
+    for (const char* const name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME",
+                                   "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+        const auto found = m_environment.find(name);
+        const bool within = found != m_environment.end() && found->second.starts_with(temporary);
+        if (removes && !within && !m_environment.at("HOME").starts_with("/nonexistent")) {
+            throw std::logic_error(std::string("a removal outside the test's folder: ") + name);
+        }
+    }
+}
+
 ChildRun& ChildRun::signalAfter(const std::string& text, int signal)
 {
     m_awaited = text;
@@ -174,7 +202,8 @@ ChildRun& ChildRun::signalAfter(const std::string& text, int signal)
 
 bool ChildRun::signalDue(int child, const Outcome& outcome) const
 {
-    if (outcome.out.find(m_awaited) == std::string::npos) {
+    if (outcome.out.find(m_awaited) == std::string::npos &&
+        outcome.err.find(m_awaited) == std::string::npos) {
         return true;
     }
     must(::kill(child, m_signal) == 0, "kill");
@@ -183,6 +212,7 @@ bool ChildRun::signalDue(int child, const Outcome& outcome) const
 
 Outcome ChildRun::run() const
 {
+    mustBeHarmless();
     std::vector<std::string> words = {m_program};
     words.insert(words.end(), m_arguments.begin(), m_arguments.end());
     std::vector<std::string> settings;
@@ -193,6 +223,15 @@ Outcome ChildRun::run() const
     const std::vector<char*> environment = pointersTo(settings);
     Channel output = channelFor(m_outputTerminal);
     Channel errors = channelFor(m_errorTerminal);
+    Channel input = channelFor(m_typed.has_value());
+    if (m_typed) {
+        std::swap(input.reader, input.writer); // a terminal is typed on at its other end
+        must(::write(input.writer, m_typed->data(), m_typed->size()) ==
+                 static_cast<ssize_t>(m_typed->size()),
+             "write");
+    } else {
+        closeEnd(input.writer);
+    }
     if (m_closedPipe) {
         closeEnd(output.reader);
     }
@@ -202,7 +241,8 @@ Outcome ChildRun::run() const
     if (child == 0) {
         const int file = m_outputFile.empty() ? output.writer
                                               : ::open(m_outputFile.c_str(), O_WRONLY | O_CLOEXEC);
-        const bool ready = ::dup2(file, STDOUT_FILENO) >= 0 &&
+        const bool ready = ::dup2(input.reader, STDIN_FILENO) >= 0 &&
+                           ::dup2(file, STDOUT_FILENO) >= 0 &&
                            ::dup2(errors.writer, STDERR_FILENO) >= 0 &&
                            (m_folder.empty() || ::chdir(m_folder.c_str()) == 0);
         if (ready) {
@@ -212,11 +252,13 @@ Outcome ChildRun::run() const
     }
     closeEnd(output.writer);
     closeEnd(errors.writer);
+    closeEnd(input.reader);
     Outcome outcome;
     bool awaiting = m_signal != 0;
     collect(outcome, output, errors, [&] { awaiting = awaiting && signalDue(child, outcome); });
     int status = 0;
     must(::waitpid(child, &status, 0) == child, "waitpid");
+    closeEnd(input.writer);
     outcome.code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     return outcome;
 }

@@ -16,7 +16,8 @@ struct Outcome
 };
 
 /// One run of a program as a child, zolvactl unless told otherwise, in an environment of its own:
-/// nothing of the caller's is handed on.
+/// nothing of the caller's is handed on, and there is nothing to read. One that removes must be at
+/// home in a temporary folder, the folder of its Trash included.
 class ChildRun
 {
 public:
@@ -36,13 +37,17 @@ public:
     ChildRun& outputOnTerminal();
     ChildRun& errorsOnTerminal();
 
-    /// As soon as it has printed the text, it gets the signal; once.
+    /// It can ask: its input and its errors are a terminal, where this was typed.
+    ChildRun& answerOnTerminal(const std::string& typed);
+    /// As soon as it has printed the text, on either stream, it gets the signal; once.
     ChildRun& signalAfter(const std::string& text, int signal);
 
-    /// Blocks until it ends. Throws std::system_error if it cannot be started.
+    /// Blocks until it ends. Throws std::system_error if it cannot be started, std::logic_error if
+    /// it could touch what is not the test's.
     [[nodiscard]] Outcome run() const;
 
 private:
+    void mustBeHarmless() const;
     /// Sends the signal when its time has come, and answers whether it is still to come.
     [[nodiscard]] bool signalDue(int child, const Outcome& outcome) const;
 
@@ -51,6 +56,7 @@ private:
     std::map<std::string, std::string> m_environment;
     std::string m_folder;
     std::string m_outputFile;
+    std::optional<std::string> m_typed;
     std::string m_awaited;
     int m_signal = 0;
     bool m_closedPipe = false;

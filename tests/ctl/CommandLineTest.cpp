@@ -34,8 +34,20 @@ TEST(WrongUsage, EndsWithTwoAMessageAndNoOutput)
         {{"validate-exclusion", "a", "b"}, "not expected: b"},
         {{"tally"}, "PATH"},
         {{"size"}, "BYTES"},
-        {{"clean", "x"}, "not expected: x"},
-        {{"clean", "purge"}, "not expected: purge"},
+        {{"clean", "x"}, "clean only lists without --run"},
+        {{"purge", "--yes"}, "purge only lists without --run"},
+        {{"installers", "--dry-run"}, "installers only lists without --run"},
+        {{"clean", "--permanent"}, "clean only lists without --run"},
+        {{"summary", "purge"}, "not expected: purge"},
+        {{"trash"}, "PATH"},
+        {{"uninstall", "--yes"}, "PATH"},
+        {{"uninstall", "a", "--permanent"}, "not expected: --permanent"},
+        {{"empty-trash", "--permanent"}, "not expected: --permanent"},
+        {{"empty-trash", "x"}, "not expected: x"},
+        {{"trash", "a", "--run"}, "not expected: --run"},
+        {{"put-back"}, "NAME"},
+        {{"put-back", "a", "--yes"}, "not expected: --yes"},
+        {{"trash-meter", "x"}, "not expected: x"},
         {{"analyze", "a", "b"}, "not expected: b"},
         {{"summary", "x"}, "not expected: x"},
         {{"check", "a", "--bogus"}, "not expected: --bogus"},
@@ -62,7 +74,7 @@ TEST(WrongUsage, EndsWithTwoAMessageAndNoOutput)
 
 TEST(WrongUsage, RepeatsWhatWasTypedWithoutItsControlCharacters)
 {
-    const Outcome outcome = zolvactl(nowhere, {"clean", "a\x1b[2Jb"});
+    const Outcome outcome = zolvactl(nowhere, {"summary", "a\x1b[2Jb"});
     EXPECT_THAT(outcome.err, HasSubstr("not expected: a\xef\xbf\xbd[2Jb\n"));
     EXPECT_THAT(outcome.err, Not(HasSubstr("\x1b")));
     EXPECT_THAT(zolvactl(nowhere, {"n\x1b[2J"}).err, Not(HasSubstr("\x1b")));

@@ -73,7 +73,7 @@ TEST(Documents, NameEveryCommand)
 {
     const std::vector<std::string> names = commandNames();
     ASSERT_THAT(names, IsSupersetOf({"check", "size", "summary", "validate-exclusion"}));
-    ASSERT_EQ(names.size(), 17U);
+    ASSERT_EQ(names.size(), 22U);
     const std::string page = contentOf(packaging + "zolvactl.1");
     const std::string zsh = contentOf(zshCompletion);
     for (const std::string& name : names) {
@@ -98,7 +98,15 @@ TEST(BashCompletion, OffersTheOptionsOfTheCommand)
     EXPECT_THAT(offered("zolvactl leftovers --", 2, "/"),
                 ElementsAre("--json", "--help", "--apps", "--path"));
     EXPECT_THAT(offered("zolvactl --json excluded --l", 3, "/"), ElementsAre("--list"));
-    EXPECT_THAT(offered("zolvactl clean --", 2, "/"), ElementsAre("--json", "--help"));
+    EXPECT_THAT(offered("zolvactl summary --", 2, "/"), ElementsAre("--json", "--help"));
+    EXPECT_THAT(offered("zolvactl clean --", 2, "/"),
+                ElementsAre("--json", "--help", "--run", "--yes", "--dry-run", "--permanent"));
+    EXPECT_THAT(offered("zolvactl trash --", 2, "/"),
+                ElementsAre("--json", "--help", "--yes", "--dry-run", "--permanent"));
+    EXPECT_THAT(offered("zolvactl empty-trash --", 2, "/"),
+                ElementsAre("--json", "--help", "--yes", "--dry-run"));
+    EXPECT_THAT(offered("zolvactl uninstall --", 2, "/"),
+                ElementsAre("--json", "--help", "--apps", "--yes", "--dry-run"));
     EXPECT_THAT(offered("zolvactl status --", 2, "/"),
                 ElementsAre("--json", "--help", "--watch", "--interval"));
 }

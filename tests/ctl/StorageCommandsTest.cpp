@@ -213,17 +213,20 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
     tree.file("Library/Caches/CloudKit/data", 1'200'000);
     const std::int64_t target = blocksOf(tree.file("Code/t/target/bin", 1'100'000));
     const std::int64_t image = blocksOf(tree.file("Downloads/a.dmg", 20'000));
+    const std::int64_t gone = blocksOf(tree.file(".local/share/Trash/files/gone", 30'000));
     tree.folder("Desktop");
     tree.setMode("Desktop", 0);
     withoutOverridingPermissions([&] {
         const Outcome outcome = zolvactl(tree.root(), {"summary", "--json"});
         EXPECT_EQ(outcome.code, 0);
         EXPECT_EQ(outcome.out, json("{'clean':" + number(cache) + ",'purge':" + number(target) +
-                                    ",'installers':" + number(image) + ",'total':" +
-                                    number(cache + target + image) + ",'blocked':['desktop']}\n"));
+                                    ",'installers':" + number(image) + ",'trash':" + number(gone) +
+                                    ",'total':" + number(cache + target + image + gone) +
+                                    ",'blocked':['desktop']}\n"));
         const Outcome shown = zolvactl(tree.root(), {"summary"});
         EXPECT_THAT(shown.out, StartsWith("What can be given back in " + tree.root() + "\n\n"));
-        EXPECT_THAT(shown.out, HasSubstr("  Total            2.1 MB\n"));
+        EXPECT_THAT(shown.out, HasSubstr("  zolvactl empty-trash\n"));
+        EXPECT_THAT(shown.out, HasSubstr("  Total            2.2 MB\n"));
         EXPECT_THAT(shown.out, HasSubstr("Cannot look into: Desktop. The sums leave them out.\n"));
     });
 }
@@ -250,7 +253,8 @@ TEST(HomeVariable, ThatNamesNoFolderGivesZeros)
 {
     const Outcome outcome = zolvactl("/nonexistent-home/x", {"summary", "--json"});
     EXPECT_EQ(outcome.code, 0);
-    EXPECT_EQ(outcome.out, json("{'clean':0,'purge':0,'installers':0,'total':0,'blocked':[]}\n"));
+    EXPECT_EQ(outcome.out,
+              json("{'clean':0,'purge':0,'installers':0,'trash':0,'total':0,'blocked':[]}\n"));
     EXPECT_EQ(zolvactl("/nonexistent-home/x", {"summary"}).code, 0);
     EXPECT_EQ(zolvactl("/nonexistent-home/x", {"analyze"}).code, 0);
     EXPECT_EQ(zolvactl("/nonexistent-home/x", {"clean", "--json"}).out,

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "async/Clock.h"
+#include "core/AppModel.h"
+#include "core/PrefsStore.h"
+#include "ctl/Commands.h"
+#include "ctl/JsonText.h"
+#include "ctl/Session.h"
+#include "ctl/StopSignals.h"
+
+#include <QCoroTask>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zolva::ctl {
+
+/// The model without its window, for one removal. Ctrl-C is the wish to stop: the item in hand is
+/// finished first. Progress is shown on standard error, where that is a terminal. Main thread.
+class RemovalSession
+{
+public:
+    explicit RemovalSession(const Request& request);
+    ~RemovalSession();
+    RemovalSession(const RemovalSession&) = delete;
+    RemovalSession& operator=(const RemovalSession&) = delete;
+
+    /// Built when it is first asked for, so that nothing comes of a removal that nobody wants.
+    [[nodiscard]] AppModel& model();
+    [[nodiscard]] const StopSignals& stop() const { return m_stop; }
+    /// Of the model, but that what was asked about permanence holds to the end.
+    [[nodiscard]] RunTools tools();
+    /// Whether what is moved is then deleted: by the setting, or by "--permanent".
+    [[nodiscard]] bool isPermanent() const { return m_permanent; }
+
+    /// Until the run has ended.
+    template <typename T>
+    [[nodiscard]] T finish(QCoro::Task<T> run)
+    {
+        T report = QCoro::waitFor(std::move(run));
+        endProgress();
+        return report;
+    }
+
+    /// Those raised so far, in order: as rows of a document, and as lines for people.
+    [[nodiscard]] Json toastsJson();
+    [[nodiscard]] std::string toastsText();
+
+private:
+    void showProgress();
+    void endProgress();
+
+    Session m_session;
+    StopSignals m_stop;
+    SystemClock m_clock;
+    const bool m_permanent;
+    const bool m_seen;
+    bool m_shown = false;
+    std::unique_ptr<PrefsStore> m_store;
+    std::unique_ptr<AppModel> m_model;
+};
+
+} // namespace zolva::ctl

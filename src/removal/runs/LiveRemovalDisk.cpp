@@ -1,0 +1,136 @@
+#include "removal/runs/LiveRemovalDisk.h"
+
+#include "files/FolderTally.h"
+#include "files/HomeFolder.h"
+#include "files/PathText.h"
+#include "platform/OpenFolder.h"
+#include "platform/SystemTrash.h"
+#include "removal/disk/AdminMoveToTrash.h"
+#include "removal/disk/HomeTrash.h"
+#include "removal/disk/PutBack.h"
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace zolva {
+
+namespace {
+
+/// So many entries are measured before a measure looks whether it is overtaken: few enough for it
+/// to end soon, enough for the threads of a walk to have work.
+constexpr std::size_t measuredAtOnce = 512;
+
+struct CloseFolder
+{
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+std::string onDisk(const std::string& path)
+{
+    return standardizedPath(expandTilde(path));
+}
+
+} // namespace
+
+TrashAttempt LiveRemovalDisk::trashOnePath(const std::string& path)
+{
+    return zolva::trashOnePath(path);
+}
+
+Purge LiveRemovalDisk::purgeFromTrash(const std::vector<std::string>& landed)
+{
+    return zolva::purgeFromTrash(landed);
+}
+
+bool LiveRemovalDisk::adminMoveToTrash(const std::string& path)
+{
+    return zolva::adminMoveToTrash(path);
+}
+
+RemovalDisk::Move LiveRemovalDisk::moveToTrash(const std::string& path)
+{
+    auto moved = zolva::moveToTrash(homeFolder(), onDisk(path));
+    if (!moved) {
+        return {moved.error().text, std::nullopt};
+    }
+    return {std::nullopt, std::move(moved->landed)};
+}
+
+std::optional<std::string> LiveRemovalDisk::putBack(const std::string& landed,
+                                                    const std::string& destination)
+{
+    const auto done = putBackItem(landed, destination);
+    return done ? std::nullopt : std::optional(done.error());
+}
+
+bool LiveRemovalDisk::exists(const std::string& path)
+{
+    return somethingAt(onDisk(path));
+}
+
+std::string LiveRemovalDisk::trashFolder()
+{
+    return zolva::trashFolder();
+}
+
+std::string LiveRemovalDisk::preparedTrashFolder()
+{
+    // One that cannot be made is not watched, and the meter says what it reads.
+    static_cast<void>(makeTrashFolder());
+    return zolva::trashFolder();
+}
+
+std::optional<std::int64_t> LiveRemovalDisk::trashCount()
+{
+    // The names are not kept: this runs on the main thread, at every change of a Trash that may
+    // hold very many.
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(zolva::trashFolder().c_str()));
+    if (!folder) {
+        return errno == ENOENT ? std::optional<std::int64_t>(0) : std::nullopt;
+    }
+    std::int64_t count = 0;
+    errno = 0;
+    while (const dirent* entry = ::readdir(folder.get())) {
+        const std::string_view name(entry->d_name);
+        count += name == "." || name == ".." ? 0 : 1;
+    }
+    return errno == 0 ? std::optional(count) : std::nullopt;
+}
+
+std::optional<std::vector<std::string>> LiveRemovalDisk::listTrash()
+{
+    auto names = zolva::listTrash();
+    return names ? std::optional(std::move(*names)) : std::nullopt;
+}
+
+std::int64_t LiveRemovalDisk::measureTrash(const std::atomic<bool>& stop)
+{
+    const std::vector<std::string> names = listTrash().value_or(std::vector<std::string>());
+    const std::string folder = zolva::trashFolder();
+    std::int64_t bytes = 0;
+    for (std::size_t begin = 0; begin < names.size() && !stop.load(); begin += measuredAtOnce) {
+        const std::size_t end = std::min(begin + measuredAtOnce, names.size());
+        std::vector<std::string> paths;
+        for (std::size_t i = begin; i < end; ++i) {
+            paths.push_back(joinedPath(folder, names[i]));
+        }
+        for (const Tally& tally : folderTallies(paths)) {
+            bytes += tally.bytes;
+        }
+    }
+    return bytes;
+}
+
+std::optional<std::string> LiveRemovalDisk::deleteFromTrash(const std::string& name)
+{
+    const auto done = deleteTrashEntry(name);
+    return done ? std::nullopt : std::optional(done.error());
+}
+
+} // namespace zolva

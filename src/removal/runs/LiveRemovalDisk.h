@@ -1,0 +1,26 @@
+#pragma once
+
+#include "removal/runs/RemovalDisk.h"
+
+namespace zolva {
+
+/// The machine's disk.
+class LiveRemovalDisk final : public RemovalDisk
+{
+public:
+    [[nodiscard]] TrashAttempt trashOnePath(const std::string& path) override;
+    [[nodiscard]] Purge purgeFromTrash(const std::vector<std::string>& landed) override;
+    [[nodiscard]] bool adminMoveToTrash(const std::string& path) override;
+    [[nodiscard]] Move moveToTrash(const std::string& path) override;
+    [[nodiscard]] std::optional<std::string> putBack(const std::string& landed,
+                                                     const std::string& destination) override;
+    [[nodiscard]] bool exists(const std::string& path) override;
+    [[nodiscard]] std::string trashFolder() override;
+    [[nodiscard]] std::string preparedTrashFolder() override;
+    [[nodiscard]] std::optional<std::int64_t> trashCount() override;
+    [[nodiscard]] std::optional<std::vector<std::string>> listTrash() override;
+    [[nodiscard]] std::int64_t measureTrash(const std::atomic<bool>& stop) override;
+    [[nodiscard]] std::optional<std::string> deleteFromTrash(const std::string& name) override;
+};
+
+} // namespace zolva
