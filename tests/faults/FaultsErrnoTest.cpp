@@ -112,9 +112,7 @@ std::string trashBody(const World& world, const std::string&)
 std::string trashVerdict(const World& world, const std::string&, const Told& told,
                          const FaultPlan& plan)
 {
-    // Where the system has no rename that spares what is there, a second link stands for a moment.
-    const bool twoLinks = plan.alwaysRefused == SYS_renameat2;
-    if (world.places() != 1 && !(twoLinks && world.places() == 2)) {
+    if (world.places() != 1) {
         return "the item is in " + std::to_string(world.places()) + " places";
     }
     if (!world.isAtItsPlace() && world.recordedName().empty()) {
