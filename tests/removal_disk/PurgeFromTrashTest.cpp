@@ -157,6 +157,17 @@ TEST_F(PurgeFromTrash, WhatTheUserEmptiedMeanwhileIsNeitherCountedNorAProblem)
                                                       "already gone " + landed}}));
 }
 
+TEST_F(PurgeFromTrash, WhatLiesThereByTheSameNameSinceIsNotPurged)
+{
+    m_tree.text("home/x", "old");
+    const TrashAttempt attempt = trashOnePath(m_home.path("x"));
+    ASSERT_TRUE(attempt.identity.has_value());
+    ASSERT_EQ(::rename(attempt.landed->c_str(), m_home.path("restored").c_str()), 0);
+    m_tree.text("home/.local/share/Trash/files/x", "new");
+    EXPECT_EQ(purgeFromTrash({KnownItem(*attempt.landed, attempt.identity)}), Purge{});
+    EXPECT_EQ(content(*attempt.landed), "new");
+}
+
 TEST_F(PurgeFromTrash, ATrashThatIsALinkIsTheTrashAllTheSame)
 {
     m_tree.folder("home/elsewhere");

@@ -173,7 +173,7 @@ tl::expected<MovedToTrash, TrashFailure> moveInto(const Item& item, const TrashF
         }
         syncFolders(item, trash);
         // What could not be looked at again is never deleted by this name.
-        return MovedToTrash{arrived ? landedPath(trash, name) : std::nullopt};
+        return MovedToTrash{arrived ? landedPath(trash, name) : std::nullopt, arrived};
     }
     return failure(EEXIST, trash.path);
 }
