@@ -242,10 +242,12 @@ tl::expected<void, TrashFailure> putBackFromTrash(const std::string& landed,
     if (!folder.isOpen()) {
         return failure(errno, to.folder);
     }
-    if (const int error = moveNoReplace(trash.get(), from.name, folder.get(), to.name)) {
-        return failure(error);
-    }
+    const int moveError = moveNoReplace(trash.get(), from.name, folder.get(), to.name);
     const auto arrived = identityAt(folder.get(), to.name);
+    // Some systems say that a thing was not moved which they have moved.
+    if (moveError != 0 && (arrived != item || identityAt(trash.get(), from.name))) {
+        return failure(moveError);
+    }
     if (arrived && arrived != item) {
         // Exchanged at the last moment: what came instead of it goes back.
         const int error = moveNoReplace(folder.get(), to.name, trash.get(), from.name);
