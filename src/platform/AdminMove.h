@@ -26,6 +26,10 @@ using ToolRunner = std::function<int(const std::vector<std::string>& command)>;
 [[nodiscard]] bool adminMove(const std::string& home, const std::string& source,
                              const std::string& name, const ToolRunner& run);
 
+/// The name for the try of that number, from 0: as it stands, then with a counter before the
+/// extension ("Foo 2.app"); shortened where the Trash needs it shorter.
+[[nodiscard]] std::string adminMoveName(const std::string& name, int attempt);
+
 /// Whether anything in the user's own Trash, or the record of anything, has the name.
 [[nodiscard]] bool isTrashNameTaken(const std::string& home, const std::string& name);
 

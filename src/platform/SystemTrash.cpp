@@ -1,6 +1,7 @@
 #include "platform/SystemTrash.h"
 
 #include "platform/DeleteTree.h"
+#include "platform/Expunge.h"
 #include "platform/FileIdentity.h"
 #include "platform/MoveNoReplace.h"
 #include "platform/OpenFolder.h"
@@ -70,32 +71,36 @@ bool makeFolders(const std::string& path)
     }
 }
 
-TrashFailure firstOf(const DeleteReport& report)
+/// About what stands, whatever the system said: never ENOENT, which would mean that it is gone.
+TrashFailure notGone(int error, const std::string& about)
 {
+    TrashFailure failure = trashFailure(error, about);
+    failure.code = error == ENOENT ? EIO : error;
+    return failure;
+}
+
+/// The report speaks of the name that the thing had out of sight.
+TrashFailure firstOf(const DeleteReport& report, const std::string& name)
+{
+    const DeleteProblem& first = report.problems.front();
+    const std::size_t below = first.path.find('/');
     TrashFailure failure =
-        trashFailure(report.problems.front().error, report.problems.front().path);
+        notGone(first.error,
+                name + (below == std::string::npos ? std::string() : first.path.substr(below)));
     if (report.failed > 1) {
         failure.text += ", and " + std::to_string(report.failed - 1) + " more";
     }
     return failure;
 }
 
-} // namespace
-
-TrashFailure trashFailure(int error, const std::string& about)
-{
-    const std::string words = std::generic_category().message(error);
-    return {error, about.empty() ? words : about + ": " + words};
-}
-
-tl::expected<std::vector<std::string>, TrashFailure> trashNames(const PinnedTrash& trash)
+std::optional<std::vector<std::string>> namesWithin(int folder)
 {
     // A descriptor of its own, so that no other listing has moved its place.
-    FileDescriptor again(::openat(trash.files.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    FileDescriptor again(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, CloseStream> stream(again.isOpen() ? ::fdopendir(again.get())
                                                                   : nullptr);
     if (!stream) {
-        return failure(errno, trash.path);
+        return std::nullopt;
     }
     static_cast<void>(again.release());
     std::vector<std::string> names;
@@ -110,15 +115,70 @@ tl::expected<std::vector<std::string>, TrashFailure> trashNames(const PinnedTras
             names.push_back(std::move(name));
         }
     }
-    if (errno != 0) {
+    return errno == 0 ? std::optional(std::move(names)) : std::nullopt;
+}
+
+/// An empty folder that its owner may not write to cannot be moved away, but needs no looking into.
+bool removedEmpty(int folder, const std::string& name, const FileIdentity& identity)
+{
+    return identity.isFolder() && ::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0;
+}
+
+/// Takes the entry out of sight and deletes it there; what stays of it goes back.
+tl::expected<void, TrashFailure> deleteOutOfSight(const PinnedTrash& trash, int folder,
+                                                  const std::string& name,
+                                                  const FileIdentity& identity)
+{
+    const FileDescriptor expunged = openExpunged(trash);
+    if (!expunged.isOpen()) {
+        return tl::unexpected(notGone(errno, name));
+    }
+    const auto own = expunge(folder, name, identity, expunged.get());
+    if (!own) {
+        if (own.error() == EACCES && removedEmpty(folder, name, identity)) {
+            return {};
+        }
+        const bool isGone = own.error() == ENOENT && identityAt(folder, name) != identity;
+        return tl::unexpected(isGone ? trashFailure(ENOENT, name) : notGone(own.error(), name));
+    }
+    const DeleteReport report = deleteTree(expunged.get(), *own);
+    std::optional<TrashFailure> failure;
+    if (!report.isGone()) {
+        failure = firstOf(report, name);
+    } else if (identityAt(expunged.get(), *own)) {
+        // Some file systems say that a name is gone which they show again a moment later.
+        failure = TrashFailure{EBUSY, name + ": It is still there"};
+    }
+    if (!failure) {
+        return {};
+    }
+    if (moveNoReplace(expunged.get(), *own, folder, name) != 0) {
+        failure->text += "; the rest goes when the Trash is emptied";
+    }
+    return tl::unexpected(std::move(*failure));
+}
+
+} // namespace
+
+TrashFailure trashFailure(int error, const std::string& about)
+{
+    const std::string words = std::generic_category().message(error);
+    return {error, about.empty() ? words : about + ": " + words};
+}
+
+tl::expected<std::vector<std::string>, TrashFailure> trashNames(const PinnedTrash& trash)
+{
+    auto names = namesWithin(trash.files.get());
+    if (!names) {
         return failure(errno, trash.path);
     }
-    std::sort(names.begin(), names.end());
-    return names;
+    std::sort(names->begin(), names->end());
+    return std::move(*names);
 }
 
 tl::expected<void, TrashFailure> deleteFromTrash(const PinnedTrash& trash,
-                                                 const std::string& relative)
+                                                 const std::string& relative,
+                                                 const std::optional<FileIdentity>& expected)
 {
     const FileDescriptor folder = folderWithin(trash, relative);
     if (!folder.isOpen()) {
@@ -128,25 +188,36 @@ tl::expected<void, TrashFailure> deleteFromTrash(const PinnedTrash& trash,
     if (name.empty() || name == "." || name == ".." || relative.find('\0') != std::string::npos) {
         return failure(EINVAL, relative);
     }
-    if (!identityAt(folder.get(), name)) {
+    const auto identity = identityAt(folder.get(), name);
+    if (!identity) {
         return failure(errno, relative);
     }
-    const DeleteReport report = deleteTree(folder.get(), name);
-    if (!report.isGone()) {
-        return tl::unexpected(firstOf(report));
+    if (expected && identity != expected) {
+        return failure(ENOENT, relative);
     }
-    // Some file systems say that a name is gone which they show again a moment later.
-    if (identityAt(folder.get(), name)) {
-        return tl::unexpected(TrashFailure{EBUSY, relative + ": It is still there"});
-    }
-    if (relative == name) {
+    auto deleted = deleteOutOfSight(trash, folder.get(), name, *identity);
+    if (deleted && relative == name) {
         forgetTrashOrigin(trash, name);
     }
-    return {};
+    return deleted;
+}
+
+void deleteLeftovers(const PinnedTrash& trash)
+{
+    const FileDescriptor expunged = openExpunged(trash);
+    if (!expunged.isOpen()) {
+        return;
+    }
+    for (const std::string& name :
+         namesWithin(expunged.get()).value_or(std::vector<std::string>())) {
+        // What stays is tried again the next time.
+        static_cast<void>(deleteTree(expunged.get(), name));
+    }
 }
 
 tl::expected<void, TrashFailure> putBackFromTrash(const std::string& landed,
-                                                  const std::string& original, MissingParent parent)
+                                                  const std::string& original, MissingParent parent,
+                                                  const std::optional<FileIdentity>& expected)
 {
     const EntryPath from = entryPath(landed);
     const EntryPath to = entryPath(original);
@@ -158,6 +229,9 @@ tl::expected<void, TrashFailure> putBackFromTrash(const std::string& landed,
     if (!item) {
         return failure(errno, landed);
     }
+    if (expected && item != expected) {
+        return failure(ENOENT, landed);
+    }
     FileDescriptor folder = openFolder(to.folder);
     if (!folder.isOpen() && errno == ENOENT && parent == MissingParent::IsMadeAnew) {
         if (!makeFolders(to.folder)) {
@@ -168,13 +242,21 @@ tl::expected<void, TrashFailure> putBackFromTrash(const std::string& landed,
     if (!folder.isOpen()) {
         return failure(errno, to.folder);
     }
-    if (const int error = moveNoReplace(trash.get(), from.name, folder.get(), to.name)) {
-        return failure(error);
+    const int moveError = moveNoReplace(trash.get(), from.name, folder.get(), to.name);
+    const auto arrived = identityAt(folder.get(), to.name);
+    // Some systems say that a thing was not moved which they have moved.
+    if (moveError != 0 && (arrived != item || identityAt(trash.get(), from.name))) {
+        return failure(moveError);
+    }
+    if (arrived && arrived != item) {
+        // Exchanged at the last moment: what came instead of it goes back.
+        const int error = moveNoReplace(folder.get(), to.name, trash.get(), from.name);
+        return failure(error == 0 ? ENOENT : EBUSY, landed);
     }
     // Its place is what counts; that it is newest after a power cut is worth a try.
     static_cast<void>(::fsync(folder.get()));
     static_cast<void>(::fsync(trash.get()));
-    forgetTrashOrigin(landed);
+    forgetTrashOrigin(trash.get(), from.name);
     return {};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
+#include "platform/FileIdentity.h"
 
 #include <tl/expected.hpp>
 
@@ -23,7 +24,8 @@ struct TrashFailure
 
 struct MovedToTrash
 {
-    std::optional<std::string> landed; ///< where it is now, if the system told
+    std::optional<std::string> landed;      ///< where it is now, if the system told
+    std::optional<FileIdentity> identity{}; ///< what it is, with `landed`
 };
 
 /// Moves what stands at the path, a link as a link, to the Trash of its own file system. Nothing is
@@ -54,18 +56,23 @@ struct PinnedTrash
 trashNames(const PinnedTrash& trash);
 
 /// Deletes for good what lies at the relative path in the Trash, and the record of where it came
-/// from. What stays is told with its path. ENOENT if nothing was there.
-[[nodiscard]] tl::expected<void, TrashFailure> deleteFromTrash(const PinnedTrash& trash,
-                                                               const std::string& relative);
+/// from; out of sight first, and what cannot be taken there stays whole. What stays is told with
+/// its path, and lies where it lay. ENOENT if nothing, or not the thing `expected`, was there.
+[[nodiscard]] tl::expected<void, TrashFailure>
+deleteFromTrash(const PinnedTrash& trash, const std::string& relative,
+                const std::optional<FileIdentity>& expected = std::nullopt);
+
+/// Deletes what a deletion that ended early has left out of sight.
+void deleteLeftovers(const PinnedTrash& trash);
 
 /// Where the item of that name came from, by its record.
 [[nodiscard]] tl::expected<std::string, TrashFailure> trashOrigin(const PinnedTrash& trash,
                                                                   const std::string& name);
 
-/// Takes away the record of where a thing came from, once it has left the Trash. A record that
-/// stays names nothing any more; it is not told.
+/// Takes away the record of where a thing came from, once it has left the Trash whose things lie in
+/// the open folder. A record that stays names nothing any more; it is not told.
 void forgetTrashOrigin(const PinnedTrash& trash, const std::string& name);
-void forgetTrashOrigin(const std::string& landed);
+void forgetTrashOrigin(int files, const std::string& name);
 
 enum class MissingParent
 {
@@ -74,9 +81,11 @@ enum class MissingParent
 };
 
 /// Moves what landed in the Trash to the path given, never in the place of anything (EEXIST) nor
-/// onto another file system (EXDEV). Whether the path may be touched is the caller's question.
+/// onto another file system (EXDEV); ENOENT where it is not the thing `expected` any more. Whether
+/// the path may be touched is the caller's question.
 [[nodiscard]] tl::expected<void, TrashFailure>
-putBackFromTrash(const std::string& landed, const std::string& original, MissingParent parent);
+putBackFromTrash(const std::string& landed, const std::string& original, MissingParent parent,
+                 const std::optional<FileIdentity>& expected = std::nullopt);
 
 /// A failure in the system's words, about the item itself or about another path.
 [[nodiscard]] TrashFailure trashFailure(int error, const std::string& about = {});

@@ -92,7 +92,7 @@ void removeByPath(const std::string& path)
 /// How often a bystander lost anything to a deletion during which a folder and a link to the
 /// bystander change places.
 int deletionLosses(const std::function<void(const std::string& folder)>& remove, int rounds,
-                   bool untilFirst)
+                   bool untilFirst, int* deletions = nullptr)
 {
     const World world(1);
     const std::string bystander = world.home().path("neighbour");
@@ -107,6 +107,9 @@ int deletionLosses(const std::function<void(const std::string& folder)>& remove,
             const Swapper swapper(doomed + "/t/folder", doomed + "/t/link");
             remove(doomed);
         }
+        if (deletions != nullptr) {
+            *deletions += stands(doomed + "/t") ? 0 : 1;
+        }
         if (pictureOf(bystander) != before) {
             ++losses;
             fs::remove_all(bystander);
@@ -120,14 +123,17 @@ int deletionLosses(const std::function<void(const std::string& folder)>& remove,
 
 TEST(FaultsSwap, ADeletionNeverFollowsALinkThatIsSwappedIn)
 {
+    int deletions = 0;
     const int losses = deletionLosses(
         [](const std::string& folder) {
             const FileDescriptor above(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
             static_cast<void>(deleteTree(above.get(), "t"));
         },
-        wantedRounds(), false);
-    std::cout << "delete: " << wantedRounds() << " rounds, " << losses << " losses\n";
+        wantedRounds(), false, &deletions);
+    std::cout << "delete: " << wantedRounds() << " rounds, " << losses << " losses, " << deletions
+              << " deleted\n";
     EXPECT_EQ(losses, 0);
+    EXPECT_GT(deletions, 0);
 }
 
 TEST(FaultsSwap, TheHarnessSeesTheLossesOfADeletionByPath)

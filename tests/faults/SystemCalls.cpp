@@ -156,7 +156,7 @@ private:
             ::kill(m_child, SIGKILL);
         } else if (at == m_plan.failAt ||
                    (m_plan.andAllAfter && m_plan.failAt >= 0 && at > m_plan.failAt)) {
-            refuse(m_plan.error);
+            m_plan.carriedOut ? belie(m_plan.error) : refuse(m_plan.error);
         } else if (number == m_plan.alwaysRefused) {
             refuse(m_plan.alwaysError);
         }
@@ -167,6 +167,8 @@ private:
         setCall(m_child, -1);
         m_refuse = error;
     }
+
+    void belie(int error) { m_refuse = error; }
 
     pid_t m_child;
     const FaultPlan& m_plan;

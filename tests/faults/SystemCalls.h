@@ -15,6 +15,7 @@ struct FaultPlan
     int failAt = -1;
     int error = 0;
     bool andAllAfter = false;
+    bool carriedOut = false; ///< the call at `failAt` is made all the same, and told as failed
     long alwaysRefused = -1; ///< the number of a call that is refused throughout
     int alwaysError = 0;
 };

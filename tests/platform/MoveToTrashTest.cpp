@@ -152,6 +152,69 @@ TEST_F(MoveToTrash, AHomeTrashThatIsALinkWorks)
     EXPECT_EQ(told(m_home, m_home.path("elsewhere")), "It is the Trash, or contains it");
 }
 
+TEST_F(MoveToTrash, TheLinkThatIsTheTrashAndWhatHoldsItStay)
+{
+    m_tree.folder("elsewhere/real");
+    m_tree.folder("shared/data");
+    m_tree.link("home/.local/share", m_tree.path("shared/data"));
+    m_tree.link("shared/data/Trash", m_tree.path("elsewhere/real"));
+    for (const std::string& path :
+         {m_home.trash(), m_home.path(".local/share"), m_home.path(".local"), m_home.home(),
+          m_tree.path("shared/data/Trash"), m_tree.path("shared/data"), m_tree.path("shared"),
+          m_tree.path("elsewhere")}) {
+        EXPECT_EQ(told(m_home, path), "It is the Trash, or contains it") << path;
+    }
+    EXPECT_EQ(trashed(m_home, m_tree.text("shared/x", "1")), m_home.inTrash("x"));
+}
+
+TEST_F(MoveToTrash, WhatLiesInAnotherTrashOfTheHomesVolumeStays)
+{
+    withSecondVolume([&](const std::string& top, const std::string& folder) {
+        const TrashHome home(folder);
+        const std::string other = top + "/.Trash-" + std::to_string(::geteuid());
+        const std::string inner = other + "/files/zolva-test-inner";
+        std::filesystem::create_directories(inner);
+        EXPECT_EQ(told(home, inner), "It is in the Trash already");
+        EXPECT_EQ(told(home, other), "It is the Trash, or contains it");
+        EXPECT_TRUE(stands(inner));
+        std::filesystem::remove_all(inner);
+        std::filesystem::remove_all(home.path(".local"));
+    });
+}
+
+TEST_F(MoveToTrash, AVolumeThatHandsItsGroupOnHasATrashAllTheSame)
+{
+    withSecondVolume([&](const std::string& top, const std::string& folder) {
+        const std::string path = folder + "/x";
+        ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
+        const std::string user = std::to_string(::geteuid());
+        ASSERT_EQ(::mkdir((top + "/.Trash").c_str(), 0777), 0);
+        ASSERT_EQ(::chmod((top + "/.Trash").c_str(), 03777), 0);
+        EXPECT_EQ(trashed(m_home, path), top + "/.Trash/" + user + "/files/x");
+        std::filesystem::remove_all(top + "/.Trash");
+    });
+}
+
+TEST_F(MoveToTrash, ATrashThatCannotBeTrustedOnceMadeLeavesNoFolderBehind)
+{
+    withSecondVolume([&](const std::string& top, const std::string& folder) {
+        const std::string path = folder + "/x";
+        ASSERT_EQ(::mkdir(path.c_str(), 0755), 0);
+        const std::string made = top + "/.Trash";
+        ASSERT_EQ(::mkdir(made.c_str(), 0777), 0);
+        ASSERT_EQ(::chmod(made.c_str(), 01777), 0);
+        // As on file systems that have modes of their own.
+        const mode_t before = ::umask(0200);
+        const std::string words = told(m_home, path);
+        ::umask(before);
+        EXPECT_TRUE(words.ends_with(": Operation not permitted")) << words;
+        EXPECT_TRUE(stands(path));
+        EXPECT_TRUE(namesIn(made).empty());
+        EXPECT_EQ(::rmdir(path.c_str()), 0);
+        EXPECT_EQ(::rmdir(made.c_str()), 0);
+    });
+}
+
 TEST_F(MoveToTrash, ARecordsFolderThatIsALinkIsNotWrittenThrough)
 {
     const std::string other = m_tree.folder("home/other");

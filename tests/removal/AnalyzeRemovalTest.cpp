@@ -1,12 +1,15 @@
 #include "removal/runs/AnalyzeRemoval.h"
 
 #include "removal/RunBench.h"
+#include "removal/runs/AnalyzeMessages.h"
 #include "removal/runs/LiveRemovalDisk.h"
 
 #include "support/TrashHome.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cstdio>
 
 namespace zolva {
 namespace {
@@ -196,6 +199,25 @@ TEST(AnalyzeUndo, OnARealDiskTheFileComesBackWholeAndItsRecordLeavesTheTrash)
     EXPECT_EQ(test::content(film), "frames");
     EXPECT_FALSE(test::stands(home.inTrash("film.mov")));
     EXPECT_FALSE(test::stands(home.infoOf("film.mov")));
+}
+
+TEST(AnalyzeUndo, WhatTookItsNameInTheTrashMeanwhileIsNotPutBack)
+{
+    test::TrashHome home;
+    RunBench bench;
+    AnalyzeRemoval analyze{std::make_shared<LiveRemovalDisk>(), bench.toasts, bench.trash,
+                           [] { return std::vector<std::string>(); }};
+    const std::string film = home.tree.text("home/Movies/film.mov", "frames");
+
+    analyze.trashAnalyzeItem("film.mov", "~/Movies/film.mov", 6);
+    // Restored by the desktop, and another one by that name removed.
+    ASSERT_EQ(::rename(home.inTrash("film.mov").c_str(), home.path("kept.mov").c_str()), 0);
+    home.tree.text("home/.local/share/Trash/files/film.mov", "other");
+    bench.toasts.runAction(bench.toasts.toasts().front().id);
+    EXPECT_EQ(bench.toastTexts().back(), "warning: " + leftTheTrashText("film.mov").toStdString());
+    EXPECT_FALSE(test::stands(film));
+    EXPECT_EQ(test::content(home.inTrash("film.mov")), "other");
+    EXPECT_TRUE(analyze.analyzeUndos().empty());
 }
 
 } // namespace

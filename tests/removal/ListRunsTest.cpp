@@ -214,6 +214,23 @@ TEST(InstallersRun, RowsLeaveTheListBeforeAnythingIsDoneOnDiskAndNoScanFollows)
     EXPECT_EQ(bench.spaceReads, 1);
 }
 
+TEST(InstallersRun, OneThatFailsKeepsItsToastButIsGoneFromTheList)
+{
+    RunBench bench;
+    bench.disk->put("/h/a.dmg", 1000);
+    bench.disk->fail("/h/a.dmg", "Busy");
+    std::vector<std::string> list = {"/h/a.dmg", "/h/b.pkg"};
+    settled(runInstallers(bench.tools(), {installer("/h/a.dmg", 1)},
+                          [&](const std::vector<std::string>& paths) {
+                              for (const std::string& path : paths) {
+                                  std::erase(list, path);
+                              }
+                          }));
+    EXPECT_THAT(list, ElementsAre("/h/b.pkg"));
+    EXPECT_TRUE(bench.disk->exists("/h/a.dmg"));
+    EXPECT_THAT(bench.toastTexts(), ElementsAre("warning: Skipped 1 item: Busy"));
+}
+
 TEST(InstallersRun, WithNothingSelectedNoRowIsDropped)
 {
     RunBench bench;

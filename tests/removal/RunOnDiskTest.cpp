@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 
 /// The runs on a real home, with a real Trash.
 namespace zolva {
@@ -179,12 +180,35 @@ TEST(RunOnDisk, TheMeterCountsAndMeasuresWhatLiesThere)
     EXPECT_GT(b.meter.trashBytes(), 9000);
 }
 
+TEST(RunOnDisk, EmptyingTakesWhatWasListedAndWhatADeathLeftOutOfSight)
+{
+    DiskBench b;
+    b.text(".local/share/Trash/files/a", "1");
+    b.text(".local/share/Trash/expunged/zolva-0/deep", "2");
+    EXPECT_EQ(settled(emptyTrash(b.tools())).emptied, 1);
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/files"), IsEmpty());
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
+}
+
+TEST(RunOnDisk, AnEntryThatWasExchangedSinceTheListingIsNotDeleted)
+{
+    DiskBench b;
+    b.text(".local/share/Trash/files/a", "listed");
+    const auto listed = b.disk->listTrash();
+    ASSERT_TRUE(listed.has_value());
+    ASSERT_EQ(listed->size(), 1U);
+    ASSERT_EQ(::rename(b.home.inTrash("a").c_str(), b.home.path("restored").c_str()), 0);
+    b.text(".local/share/Trash/files/a", "new");
+    EXPECT_EQ(b.disk->deleteFromTrash(listed->front()), std::nullopt);
+    EXPECT_EQ(test::content(b.home.inTrash("a")), "new");
+}
+
 TEST(RunOnDisk, AnUnreadableTrashHasNeitherCountNorListAndAMissingOneIsEmpty)
 {
     const test::TrashHome home;
     LiveRemovalDisk disk;
     EXPECT_EQ(disk.trashCount(), 0);
-    EXPECT_EQ(disk.listTrash(), std::vector<std::string>());
+    EXPECT_EQ(disk.listTrash(), std::vector<KnownItem>());
     ASSERT_EQ(disk.preparedTrashFolder(), home.trash() + "/files");
     test::withoutOverridingPermissions([&] {
         ASSERT_EQ(::chmod(disk.trashFolder().c_str(), 0), 0);

@@ -163,6 +163,12 @@ TEST(RunningApps, ALaterProcessOfTheSameIdIsNotAsked)
     --before.started;
     EXPECT_TRUE(processes.isTerminated(before));
     processes.terminate(before);
+    // A signal would have ended it well within this time.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
+    int status = 0;
+    while (::waitpid(one.pid(), &status, WNOHANG) == 0 && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
     EXPECT_THAT(pidsOf(processes.running(mine)), ElementsAre(one.pid()));
 }
 

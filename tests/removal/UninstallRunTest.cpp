@@ -1,10 +1,13 @@
 #include "removal/runs/UninstallRun.h"
 
 #include "diagnostics/RunJournal.h"
+#include "removal/TrashMessages.h"
 #include "removal/UninstallBench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace zolva {
 namespace {
@@ -213,6 +216,15 @@ TEST(Uninstall, WaitsAtMostTwentyRoundsForAnApplication)
     EXPECT_TRUE(isStillRunning(b.processes, "org.Two"));
 }
 
+TEST(Uninstall, OfAnApplicationThatRunsTwiceAsksBothToQuit)
+{
+    UninstallBench b;
+    b.check({"Two"});
+    b.processes.apps["org.Two"] = {{7, 1}, {8, 1}};
+    EXPECT_EQ(b.uninstall().uninstalled, 1);
+    EXPECT_THAT(b.processes.asked, ElementsAre(7, 8));
+}
+
 TEST(Uninstall, QuittingWhatDoesNotRunWaitsForNothing)
 {
     UninstallBench b;
@@ -282,11 +294,25 @@ TEST(Uninstall, WhileAnotherProcessRemovesTheRowsStayAndNothingIsTouched)
 TEST(Uninstall, ItsOwnItemsInTheTrashRaiseNoToastOfNewItems)
 {
     UninstallBench b;
+    b.bench.trash.refreshTrashMeter();
     b.check({"Two"});
+    // Stays in the Trash, so that there is something new in it.
+    b.bench.disk->failPurge("Two", "Operation not permitted");
+    b.bench.disk->failPurge("Two.app", "Operation not permitted");
     b.uninstall();
-    EXPECT_TRUE(b.bench.trash.didJustTrash());
+    const auto told = [&] {
+        b.bench.trash.trashFolderChanged();
+        const auto texts = b.bench.toastTexts();
+        return std::count_if(texts.begin(), texts.end(), [](const std::string& text) {
+            return text.starts_with("info: " + newItemsText().toStdString());
+        });
+    };
+    const std::int64_t own = b.bench.trash.trashCount();
+    EXPECT_EQ(told(), 0);
+    EXPECT_GT(b.bench.trash.trashCount(), own);
     b.bench.clock.advance(12s);
-    EXPECT_FALSE(b.bench.trash.didJustTrash());
+    b.bench.disk->putInTrash("somebody's", 1);
+    EXPECT_EQ(told(), 1);
 }
 
 } // namespace

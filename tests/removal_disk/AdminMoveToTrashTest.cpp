@@ -1,6 +1,7 @@
 #include "removal/disk/AdminMoveToTrash.h"
 
 #include "removal/disk/PutBack.h"
+#include "support/DroppedCapabilities.h"
 #include "support/RecordedLog.h"
 #include "support/TrashHome.h"
 
@@ -101,6 +102,38 @@ TEST_F(AdminMoveToTrash, APathReachesTheToolUnharmedAsOneArgument)
     ASSERT_EQ(m_commands.size(), 1U);
     EXPECT_EQ(m_commands.front()[m_commands.front().size() - 2], path);
     EXPECT_EQ(content(m_home.inTrash(name)), "1");
+}
+
+TEST_F(AdminMoveToTrash, NamesTooLongForARecordAreShortenedAndOddOnesKept)
+{
+    const std::string longest(255, 'n');
+    const std::string odd = "\xFF\xFE bytes";
+    const std::string oddAndLong = odd + std::string(255 - odd.size(), '\xFE');
+    for (const std::string& name : {longest, odd, oddAndLong}) {
+        for (int namesake = 0; namesake < 2; ++namesake) {
+            m_tree.text("home/x/" + name, name);
+            EXPECT_TRUE(adminMoveToTrash(m_home.path("x/" + name), moving()));
+        }
+    }
+    const auto landed = namesIn(m_home.trash() + "/files");
+    EXPECT_EQ(landed.size(), 6U);
+    for (const std::string& name : landed) {
+        EXPECT_LE(name.size(), 245U);
+        EXPECT_TRUE(stands(m_home.infoOf(name)));
+    }
+    EXPECT_EQ(content(m_home.inTrash(odd + " 2")), odd);
+}
+
+TEST_F(AdminMoveToTrash, TheSearchForAFreeNameEnds)
+{
+    withoutOverridingPermissions([&] {
+        const std::string path = m_tree.text("home/x/Name", "kept");
+        m_tree.folder("home/.local/share/Trash/files");
+        m_tree.setMode("home/.local/share/Trash", 0000);
+        EXPECT_FALSE(adminMoveToTrash(path, moving()));
+        m_tree.setMode("home/.local/share/Trash", 0700);
+        EXPECT_EQ(content(path), "kept");
+    });
 }
 
 TEST_F(AdminMoveToTrash, ADismissedPromptLeavesEverythingAsItWas)

@@ -71,10 +71,10 @@ TEST_F(HomeTrash, AnEntryThatCannotBeDeletedIsTold)
         const RecordedLog log;
         const auto deleted = deleteTrashEntry("locked");
         ASSERT_FALSE(deleted.has_value());
-        EXPECT_EQ(deleted.error(), "locked/x: Permission denied");
+        EXPECT_EQ(deleted.error(), "locked: Permission denied");
         EXPECT_EQ(log.records(), (std::vector<LogRecord>{{LogCategory::Remove, LogLevel::Error,
                                                           "failed " + m_home.inTrash("locked") +
-                                                              ": locked/x: Permission denied"}}));
+                                                              ": locked: Permission denied"}}));
     });
 }
 

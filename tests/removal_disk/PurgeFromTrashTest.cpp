@@ -8,9 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cstdio>
 #include <filesystem>
+#include <thread>
 
 namespace {
 
@@ -157,6 +161,17 @@ TEST_F(PurgeFromTrash, WhatTheUserEmptiedMeanwhileIsNeitherCountedNorAProblem)
                                                       "already gone " + landed}}));
 }
 
+TEST_F(PurgeFromTrash, WhatLiesThereByTheSameNameSinceIsNotPurged)
+{
+    m_tree.text("home/x", "old");
+    const TrashAttempt attempt = trashOnePath(m_home.path("x"));
+    ASSERT_TRUE(attempt.identity.has_value());
+    ASSERT_EQ(::rename(attempt.landed->c_str(), m_home.path("restored").c_str()), 0);
+    m_tree.text("home/.local/share/Trash/files/x", "new");
+    EXPECT_EQ(purgeFromTrash({KnownItem(*attempt.landed, attempt.identity)}), Purge{});
+    EXPECT_EQ(content(*attempt.landed), "new");
+}
+
 TEST_F(PurgeFromTrash, ATrashThatIsALinkIsTheTrashAllTheSame)
 {
     m_tree.folder("home/elsewhere");
@@ -166,6 +181,30 @@ TEST_F(PurgeFromTrash, ATrashThatIsALinkIsTheTrashAllTheSame)
     EXPECT_EQ(purgeFromTrash({landed}).purged, 1);
     EXPECT_TRUE(namesIn(m_home.path("elsewhere/files")).empty());
     EXPECT_TRUE(namesIn(m_home.path("elsewhere/info")).empty());
+}
+
+TEST_F(PurgeFromTrash, NothingGoesFromTheTrashThatIsHeldByAPathOfAnother)
+{
+    const std::string kept = m_tree.text("home/a/files/x", "kept");
+    const std::string share = m_home.path(".local/share/");
+    m_tree.link("home/.local/share/Trash", m_home.path("a"));
+    m_tree.link("home/.local/share/Other", m_home.path("b"));
+    std::atomic<bool> stop = false;
+    std::thread swapper([&] {
+        while (!stop) {
+            ::renameat2(AT_FDCWD, (share + "Trash").c_str(), AT_FDCWD, (share + "Other").c_str(),
+                        RENAME_EXCHANGE);
+        }
+    });
+    std::int64_t purged = 0;
+    for (int round = 0; round < 300; ++round) {
+        const std::string landed = m_tree.text("home/b/files/x", "goes");
+        purged += purgeFromTrash({landed}).purged;
+        EXPECT_EQ(content(kept), "kept") << "round " << round;
+    }
+    stop = true;
+    swapper.join();
+    EXPECT_GT(purged, 0);
 }
 
 TEST_F(PurgeFromTrash, AFailureStopsNothingAndIsToldWithItsPath)

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view trashPrefix = "/trash/";
 
-bool isInTrash(const std::string& path)
+bool isTrashPath(const std::string& path)
 {
     return path.starts_with(trashPrefix);
 }
@@ -162,11 +162,12 @@ TrashAttempt RecordingTrash::trashOnePath(const std::string& path)
     return {TrashMoved{bytes}, std::move(move.landed)};
 }
 
-Purge RecordingTrash::purgeFromTrash(const std::vector<std::string>& landed)
+Purge RecordingTrash::purgeFromTrash(const std::vector<KnownItem>& landed)
 {
     const std::lock_guard lock(m_guard);
     Purge purge;
-    for (const std::string& path : landed) {
+    for (const KnownItem& item : landed) {
+        const std::string& path = item.at;
         m_changes.push_back("purge " + path);
         if (const std::string* text = found(m_purgeFailures, path)) {
             log::failed(path, *text);
@@ -193,14 +194,14 @@ RemovalDisk::Move RecordingTrash::moveToTrash(const std::string& path)
     return moveUnlocked(path);
 }
 
-std::optional<std::string> RecordingTrash::putBack(const std::string& landed,
+std::optional<std::string> RecordingTrash::putBack(const KnownItem& landed,
                                                    const std::string& destination)
 {
     const std::lock_guard lock(m_guard);
     m_changes.push_back("back " + destination);
     if (!m_putBackFailure) {
-        m_things[destination] = m_things[landed];
-        m_things.erase(landed);
+        m_things[destination] = m_things[landed.at];
+        m_things.erase(landed.at);
     }
     return m_putBackFailure;
 }
@@ -217,17 +218,17 @@ std::optional<std::int64_t> RecordingTrash::trashCount()
     return names ? std::optional(static_cast<std::int64_t>(names->size())) : std::nullopt;
 }
 
-std::optional<std::vector<std::string>> RecordingTrash::listTrash()
+std::optional<std::vector<KnownItem>> RecordingTrash::listTrash()
 {
     const std::lock_guard lock(m_guard);
     ++m_listings;
     if (m_unreadable) {
         return std::nullopt;
     }
-    std::vector<std::string> names;
+    std::vector<KnownItem> names;
     for (const auto& [path, bytes] : m_things) {
-        if (isInTrash(path)) {
-            names.push_back(path.substr(trashPrefix.size()));
+        if (isTrashPath(path)) {
+            names.emplace_back(path.substr(trashPrefix.size()));
         }
     }
     return names;
@@ -242,14 +243,15 @@ std::int64_t RecordingTrash::measureTrash(const std::atomic<bool>& stop)
         ++m_measures;
         measure = m_measure;
         for (const auto& [path, bytes] : m_things) {
-            sum += isInTrash(path) ? bytes : 0;
+            sum += isTrashPath(path) ? bytes : 0;
         }
     }
     return measure ? measure(stop) : sum;
 }
 
-std::optional<std::string> RecordingTrash::deleteFromTrash(const std::string& name)
+std::optional<std::string> RecordingTrash::deleteFromTrash(const KnownItem& entry)
 {
+    const std::string& name = entry.at;
     const std::lock_guard lock(m_guard);
     m_changes.push_back("delete " + name);
     const std::string path = std::string(trashPrefix) + name;

@@ -41,18 +41,18 @@ public:
     [[nodiscard]] int measures() const;
 
     [[nodiscard]] TrashAttempt trashOnePath(const std::string& path) override;
-    [[nodiscard]] Purge purgeFromTrash(const std::vector<std::string>& landed) override;
+    [[nodiscard]] Purge purgeFromTrash(const std::vector<KnownItem>& landed) override;
     [[nodiscard]] bool adminMoveToTrash(const std::string& path) override;
     [[nodiscard]] Move moveToTrash(const std::string& path) override;
-    [[nodiscard]] std::optional<std::string> putBack(const std::string& landed,
+    [[nodiscard]] std::optional<std::string> putBack(const KnownItem& landed,
                                                      const std::string& destination) override;
     [[nodiscard]] bool exists(const std::string& path) override;
     [[nodiscard]] std::string trashFolder() override { return "/trash"; }
     [[nodiscard]] std::string preparedTrashFolder() override { return "/trash"; }
     [[nodiscard]] std::optional<std::int64_t> trashCount() override;
-    [[nodiscard]] std::optional<std::vector<std::string>> listTrash() override;
+    [[nodiscard]] std::optional<std::vector<KnownItem>> listTrash() override;
     [[nodiscard]] std::int64_t measureTrash(const std::atomic<bool>& stop) override;
-    [[nodiscard]] std::optional<std::string> deleteFromTrash(const std::string& name) override;
+    [[nodiscard]] std::optional<std::string> deleteFromTrash(const KnownItem& entry) override;
 
 private:
     [[nodiscard]] Move moveUnlocked(const std::string& path);

@@ -50,6 +50,11 @@ std::vector<std::string> adminMoveCommand(const std::string& source, const std::
             destination};
 }
 
+std::string adminMoveName(const std::string& name, int attempt)
+{
+    return trashName(name, attempt, 255);
+}
+
 bool isTrashNameTaken(const std::string& home, const std::string& name)
 {
     return somethingAt(homeTrashFolder(home) + "/" + name) ||

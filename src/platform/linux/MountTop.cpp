@@ -1,5 +1,7 @@
 #include "platform/linux/MountTop.h"
 
+#include "platform/linux/MountId.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -26,21 +28,11 @@ struct Place
 
 std::optional<Place> placeOf(int folder)
 {
-    struct statx status
-    {};
     const auto identity = identityOf(folder);
     if (!identity) {
         return std::nullopt;
     }
-    std::uint64_t mount = 0;
-#ifdef STATX_MNT_ID
-    // Two mounts of one file system have the same device.
-    if (::statx(folder, "", AT_EMPTY_PATH, STATX_MNT_ID, &status) == 0 &&
-        (status.stx_mask & STATX_MNT_ID) != 0) {
-        mount = status.stx_mnt_id;
-    }
-#endif
-    return Place{*identity, mount};
+    return Place{*identity, mountId(folder).value_or(0)};
 }
 
 FileDescriptor folderAbove(int folder)

@@ -6,6 +6,7 @@
 #include "platform/linux/TrashFolders.h"
 #include "platform/linux/TrashNames.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -45,8 +46,27 @@ tl::expected<Item, TrashFailure> openItem(const std::string& path)
     return Item{std::move(folder), std::move(entry), *identity};
 }
 
+/// Every entry on the way to the user's own Trash as its path is written, links as links: without
+/// any of them it is found no more.
+bool isOnTheWay(const std::string& trash, const FileIdentity& item)
+{
+    for (std::size_t slash = trash.find('/', 1);; slash = trash.find('/', slash + 1)) {
+        if (identityAt(AT_FDCWD, trash.substr(0, slash)) == item) {
+            return true;
+        }
+        if (slash == std::string::npos) {
+            break;
+        }
+    }
+    // And those without links above the last of them, which may itself be one.
+    const FileDescriptor above = openFolder(entryPath(trash).folder);
+    const auto holders = above.isOpen() ? foldersUpward(above.get()) : std::nullopt;
+    return holders && std::find(holders->begin(), holders->end(), item) != holders->end();
+}
+
 /// The Trash itself, what lies in it and what contains it stay where they are.
 std::optional<TrashFailure> oddPlace(const Item& item, const TrashFolders& trash,
+                                     const std::string& ownTrash,
                                      const std::vector<FileIdentity>& others)
 {
     const auto above = foldersUpward(item.folder.get());
@@ -66,7 +86,8 @@ std::optional<TrashFailure> oddPlace(const Item& item, const TrashFolders& trash
     if (lies) {
         return TrashFailure{0, "It is in the Trash already"};
     }
-    if (holds(*aboveTrash, item.identity) || holds(others, item.identity)) {
+    if (holds(*aboveTrash, item.identity) || holds(others, item.identity) ||
+        isOnTheWay(ownTrash, item.identity)) {
         return TrashFailure{0, "It is the Trash, or contains it"};
     }
     return std::nullopt;
@@ -173,15 +194,16 @@ tl::expected<MovedToTrash, TrashFailure> moveInto(const Item& item, const TrashF
         }
         syncFolders(item, trash);
         // What could not be looked at again is never deleted by this name.
-        return MovedToTrash{arrived ? landedPath(trash, name) : std::nullopt};
+        return MovedToTrash{arrived ? landedPath(trash, name) : std::nullopt, arrived};
     }
     return failure(EEXIST, trash.path);
 }
 
 tl::expected<MovedToTrash, TrashFailure> moveChecked(const Item& item, const TrashFolders& trash,
+                                                     const std::string& ownTrash,
                                                      const std::vector<FileIdentity>& others)
 {
-    if (auto reason = oddPlace(item, trash, others)) {
+    if (auto reason = oddPlace(item, trash, ownTrash, others)) {
         return tl::unexpected(std::move(*reason));
     }
     return moveInto(item, trash);
@@ -201,8 +223,9 @@ tl::expected<MovedToTrash, TrashFailure> moveToTrash(const std::string& home,
         return tl::unexpected(chosen.error());
     }
     const bool isOwn = chosen->origin.starts_with('/');
-    auto moved = moveChecked(
-        *item, *chosen, isOwn ? std::vector<FileIdentity>() : volumeTrashes(item->folder.get()));
+    const std::string ownTrash = homeTrashPath(home);
+    // Also a volume whose things go to the home folder may have a Trash of its own.
+    auto moved = moveChecked(*item, *chosen, ownTrash, volumeTrashes(item->folder.get()));
     if (moved || moved.error().code != EXDEV || !isOwn) {
         return moved;
     }
@@ -211,7 +234,7 @@ tl::expected<MovedToTrash, TrashFailure> moveToTrash(const std::string& home,
     if (!volume) {
         return tl::unexpected(volume.error());
     }
-    return moveChecked(*item, *volume, volumeTrashes(item->folder.get()));
+    return moveChecked(*item, *volume, ownTrash, volumeTrashes(item->folder.get()));
 }
 
 } // namespace zolva

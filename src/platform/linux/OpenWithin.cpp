@@ -1,5 +1,7 @@
 #include "platform/OpenWithin.h"
 
+#include "platform/linux/MountId.h"
+
 #include <fcntl.h>
 #include <linux/openat2.h>
 #include <sys/stat.h>
@@ -14,7 +16,23 @@ namespace {
 
 constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
 
-/// Mounts of the same device, which fstat cannot tell apart, are seen by openat2 alone.
+/// For systems that know or allow no openat2: what cannot be told to be the same mount is refused.
+int openAndCompare(int folder, const std::string& name)
+{
+    FileDescriptor inner(::openat(folder, name.c_str(), flags));
+    if (!inner.isOpen()) {
+        return -1;
+    }
+    const auto outside = mountId(folder);
+    if (!outside || outside != mountId(inner.get())) {
+        inner.close();
+        errno = EXDEV;
+        return -1;
+    }
+    return inner.release();
+}
+
+/// Mounts of the same device cannot be told apart by fstat.
 int openSameMount(int folder, const std::string& name)
 {
     open_how how{};
@@ -22,7 +40,7 @@ int openSameMount(int folder, const std::string& name)
     how.resolve = RESOLVE_NO_XDEV | RESOLVE_NO_SYMLINKS;
     const long fd = ::syscall(SYS_openat2, folder, name.c_str(), &how, sizeof how);
     if (fd < 0 && (errno == ENOSYS || errno == EPERM)) {
-        return ::openat(folder, name.c_str(), flags);
+        return openAndCompare(folder, name);
     }
     return static_cast<int>(fd);
 }

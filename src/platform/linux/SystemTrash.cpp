@@ -105,16 +105,18 @@ void forgetTrashOrigin(const PinnedTrash& trash, const std::string& name)
     ::unlinkat(trash.info.get(), infoName(name).c_str(), 0);
 }
 
-void forgetTrashOrigin(const std::string& landed)
+void forgetTrashOrigin(int files, const std::string& name)
 {
-    const EntryPath entry = entryPath(landed);
-    const EntryPath files = entryPath(entry.folder);
-    if (entry.name.empty() || files.name != "files") {
+    // Not by its path, which may lead elsewhere by now. It is a Trash if it calls that folder so.
+    const FileDescriptor trash(::openat(files, "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const auto held = identityOf(files);
+    if (!trash.isOpen() || !held || identityAt(trash.get(), "files") != held) {
         return;
     }
-    const FileDescriptor info = openFolder(files.folder + "/info");
+    const FileDescriptor info(
+        ::openat(trash.get(), "info", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (info.isOpen()) {
-        ::unlinkat(info.get(), infoName(entry.name).c_str(), 0);
+        ::unlinkat(info.get(), infoName(name).c_str(), 0);
     }
 }
 

@@ -81,7 +81,9 @@ int distrust(int folder)
     if (::fstat(folder, &status) != 0) {
         return errno;
     }
-    const bool alone = (status.st_mode & 07777U) == forTheUserAlone;
+    // A folder that hands its group on hands that bit on too, and lets nobody in by it.
+    const bool alone =
+        (status.st_mode & 07777U & ~static_cast<unsigned>(S_ISGID)) == forTheUserAlone;
     return status.st_uid == ::geteuid() && alone ? 0 : EPERM;
 }
 
@@ -109,12 +111,9 @@ std::vector<VolumePlace> volumePlaces(const MountTop& top)
     return places;
 }
 
-tl::expected<TrashFolders, TrashFailure> openPlace(const VolumePlace& place)
+tl::expected<TrashFolders, TrashFailure> openTrusted(const VolumePlace& place,
+                                                     const std::string& path)
 {
-    const std::string path = place.path + "/" + place.name;
-    if (!place.folder.isOpen()) {
-        return failure(EIO, path);
-    }
     const FileDescriptor trash = openInside(place.folder.get(), place.name, MissingTrash::IsMade);
     if (!trash.isOpen()) {
         return failure(errno, path);
@@ -131,6 +130,31 @@ tl::expected<TrashFolders, TrashFailure> openPlace(const VolumePlace& place)
         if (const int error = distrust(part->get())) {
             return failure(error, path + name);
         }
+    }
+    return folders;
+}
+
+/// Of a Trash that cannot be used, what was made for it goes again; only ever empty folders.
+void removeEmptyTrash(const VolumePlace& place)
+{
+    const FileDescriptor trash(
+        ::openat(place.folder.get(), place.name.c_str(), O_PATH | realFolder));
+    for (const char* part : {"info", "files"}) {
+        ::unlinkat(trash.get(), part, AT_REMOVEDIR);
+    }
+    ::unlinkat(place.folder.get(), place.name.c_str(), AT_REMOVEDIR);
+}
+
+tl::expected<TrashFolders, TrashFailure> openPlace(const VolumePlace& place)
+{
+    const std::string path = place.path + "/" + place.name;
+    if (!place.folder.isOpen()) {
+        return failure(EIO, path);
+    }
+    const bool isNew = !identityAt(place.folder.get(), place.name) && errno == ENOENT;
+    auto folders = openTrusted(place, path);
+    if (!folders && isNew) {
+        removeEmptyTrash(place);
     }
     return folders;
 }

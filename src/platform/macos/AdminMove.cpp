@@ -1,5 +1,6 @@
 #include "platform/AdminMove.h"
 
+#include "platform/NumberedName.h"
 #include "platform/OpenFolder.h"
 #include "platform/SystemTrash.h"
 
@@ -20,6 +21,11 @@ constexpr const char* script =
 std::vector<std::string> adminMoveCommand(const std::string& source, const std::string& destination)
 {
     return {"/usr/bin/osascript", "-e", script, source, destination};
+}
+
+std::string adminMoveName(const std::string& name, int attempt)
+{
+    return attempt == 0 ? name : numberedName(name, attempt + 1);
 }
 
 bool isTrashNameTaken(const std::string& home, const std::string& name)

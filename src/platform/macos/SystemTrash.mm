@@ -51,7 +51,8 @@ tl::expected<MovedToTrash, TrashFailure> moveToTrash(const std::string& /*home*/
         if (landed == nil) {
             return MovedToTrash{};
         }
-        return MovedToTrash{std::string(landed.fileSystemRepresentation)};
+        const std::string place = landed.fileSystemRepresentation;
+        return MovedToTrash{place, identityAt(AT_FDCWD, place)};
     }
 }
 
@@ -87,6 +88,6 @@ tl::expected<std::string, TrashFailure> trashOrigin(const PinnedTrash& /*trash*/
 }
 
 void forgetTrashOrigin(const PinnedTrash& /*trash*/, const std::string& /*name*/) {}
-void forgetTrashOrigin(const std::string& /*landed*/) {}
+void forgetTrashOrigin(int /*files*/, const std::string& /*name*/) {}
 
 } // namespace zolva

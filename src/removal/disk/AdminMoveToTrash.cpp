@@ -3,7 +3,6 @@
 #include "files/HomeFolder.h"
 #include "files/PathGuards.h"
 #include "files/PathText.h"
-#include "platform/NumberedName.h"
 #include "platform/OpenFolder.h"
 
 namespace zolva {
@@ -11,7 +10,7 @@ namespace zolva {
 namespace {
 
 /// What cannot be looked at counts as taken, so the search must end somewhere.
-constexpr int mostNumbers = 100000;
+constexpr int mostNames = 200;
 
 } // namespace
 
@@ -26,14 +25,13 @@ bool adminMoveToTrash(const std::string& path, const ToolRunner& run)
     if (name.empty() || presenceAt(source) == Presence::Absent) {
         return false;
     }
-    std::string free = name;
-    for (int number = 2; isTrashNameTaken(home, free); ++number) {
-        if (number > mostNumbers) {
-            return false;
+    for (int attempt = 0; attempt < mostNames; ++attempt) {
+        const std::string free = adminMoveName(name, attempt);
+        if (!isTrashNameTaken(home, free)) {
+            return adminMove(home, source, free, run);
         }
-        free = numberedName(name, number);
     }
-    return adminMove(home, source, free, run);
+    return false;
 }
 
 } // namespace zolva

@@ -6,6 +6,7 @@
 #include "platform/SystemTrash.h"
 
 #include <cerrno>
+#include <utility>
 
 namespace zolva {
 
@@ -25,10 +26,23 @@ tl::expected<void, std::string> makeTrashFolder()
 
 tl::expected<std::vector<std::string>, std::string> listTrash()
 {
+    const auto items = listTrashItems();
+    if (!items) {
+        return tl::unexpected(items.error());
+    }
+    std::vector<std::string> names;
+    for (const KnownItem& item : *items) {
+        names.push_back(item.at);
+    }
+    return names;
+}
+
+tl::expected<std::vector<KnownItem>, std::string> listTrashItems()
+{
     const auto trash = pinHomeTrash(homeFolder());
     if (!trash) {
         if (trash.error().code == ENOENT) {
-            return std::vector<std::string>();
+            return std::vector<KnownItem>();
         }
         return tl::unexpected(trash.error().text);
     }
@@ -36,18 +50,24 @@ tl::expected<std::vector<std::string>, std::string> listTrash()
     if (!names) {
         return tl::unexpected(names.error().text);
     }
-    return *names;
+    std::vector<KnownItem> items;
+    for (std::string& name : *names) {
+        const auto identity = identityAt(trash->files.get(), name);
+        items.emplace_back(std::move(name), identity);
+    }
+    return items;
 }
 
-tl::expected<void, std::string> deleteTrashEntry(const std::string& name)
+tl::expected<void, std::string> deleteTrashEntry(const std::string& name,
+                                                 const std::optional<FileIdentity>& expected)
 {
     const std::string path = joinedPath(trashFolder(), name);
     const auto trash = pinHomeTrash(homeFolder());
     TrashFailure failure = trash ? TrashFailure() : trash.error();
     if (trash) {
         const bool isChild = name.find('/') == std::string::npos;
-        const auto deleted =
-            isChild ? deleteFromTrash(*trash, name) : tl::unexpected(trashFailure(EINVAL, name));
+        const auto deleted = isChild ? deleteFromTrash(*trash, name, expected)
+                                     : tl::unexpected(trashFailure(EINVAL, name));
         if (deleted || deleted.error().code == ENOENT) {
             log::purged(path);
             return {};
@@ -56,6 +76,13 @@ tl::expected<void, std::string> deleteTrashEntry(const std::string& name)
     }
     log::failed(path, failure.text);
     return tl::unexpected(failure.text);
+}
+
+void deleteTrashLeftovers()
+{
+    if (const auto trash = pinHomeTrash(homeFolder())) {
+        deleteLeftovers(*trash);
+    }
 }
 
 } // namespace zolva

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "removal/disk/KnownItem.h"
+
 #include <tl/expected.hpp>
 
 #include <string>
@@ -19,9 +21,17 @@ namespace zolva {
 /// exist yet is empty. The system's words where it cannot be listed.
 [[nodiscard]] tl::expected<std::vector<std::string>, std::string> listTrash();
 
+/// The same, each with what it stands for at this moment.
+[[nodiscard]] tl::expected<std::vector<KnownItem>, std::string> listTrashItems();
+
 /// Deletes one entry for good, by its name there, with its record; a link as a link. Neither guard
 /// nor containment is asked: it is a child of the Trash by its name. Writes to the log what became
-/// of it. What is already gone counts as deleted.
-[[nodiscard]] tl::expected<void, std::string> deleteTrashEntry(const std::string& name);
+/// of it. What is already gone, or is not `expected` any more, counts as deleted.
+[[nodiscard]] tl::expected<void, std::string>
+deleteTrashEntry(const std::string& name,
+                 const std::optional<FileIdentity>& expected = std::nullopt);
+
+/// Deletes what an emptying or purge that ended early has taken out of sight already.
+void deleteTrashLeftovers();
 
 } // namespace zolva

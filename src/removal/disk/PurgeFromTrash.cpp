@@ -37,20 +37,29 @@ Containment containment(const std::string& trash, const std::string& path)
     return {target, own.substr(prefix.size()), true};
 }
 
-void purgeOne(const PinnedTrash& trash, const std::string& resolvedTrash, const std::string& path,
+/// Whether what the path leads to by now is the folder that is held.
+bool isHeld(const PinnedTrash& trash, const std::string& resolved)
+{
+    const FileDescriptor again = openFolder(resolved);
+    const auto found = again.isOpen() ? identityOf(again.get()) : std::nullopt;
+    return found && found == identityOf(trash.files.get());
+}
+
+void purgeOne(const PinnedTrash& trash, const std::string& resolvedTrash, const KnownItem& item,
               Purge& purge)
 {
+    const std::string& path = item.at;
     const Containment found = containment(resolvedTrash, path);
     if (!found.isInside) {
         log::purgeRefused(found.told, "outside " + resolvedTrash);
         purge.problems.push_back(lastComponent(path) + " was not in the Trash");
         return;
     }
-    const auto deleted = deleteFromTrash(trash, found.relative);
+    const auto deleted = deleteFromTrash(trash, found.relative, item.identity);
     if (deleted) {
         log::purged(path);
         ++purge.purged;
-    } else if (deleted.error().code == ENOENT || presenceAt(path) == Presence::Absent) {
+    } else if (deleted.error().code == ENOENT || deleted.error().code == ENOTDIR) {
         log::alreadyGone(path);
     } else {
         log::failed(path, deleted.error().text);
@@ -60,21 +69,21 @@ void purgeOne(const PinnedTrash& trash, const std::string& resolvedTrash, const 
 
 } // namespace
 
-Purge purgeFromTrash(const std::vector<std::string>& landed)
+Purge purgeFromTrash(const std::vector<KnownItem>& landed)
 {
     Purge purge;
     if (landed.empty()) {
         return purge;
     }
     const auto trash = pinHomeTrash(homeFolder());
-    if (!trash) {
+    const std::string resolvedTrash = trash ? resolvedPath(trash->path) : std::string();
+    if (!trash || !isHeld(*trash, resolvedTrash)) {
         log::trashNotFound();
         purge.problems.emplace_back("Couldn't locate the Trash folder");
         return purge;
     }
-    const std::string resolvedTrash = resolvedPath(trash->path);
-    for (const std::string& path : landed) {
-        purgeOne(*trash, resolvedTrash, path, purge);
+    for (const KnownItem& item : landed) {
+        purgeOne(*trash, resolvedTrash, item, purge);
     }
     return purge;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "removal/disk/KnownItem.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -16,7 +18,8 @@ struct Purge
 
 /// Deletes for good what landed in the user's own Trash. Each path is tested anew to lie there, by
 /// itself and with its links resolved, and stays if it does not, wherever it came from. What is
-/// already gone is neither counted nor a problem. Blocks; any thread but the main one.
-[[nodiscard]] Purge purgeFromTrash(const std::vector<std::string>& landed);
+/// already gone, or something else by now, is neither counted nor a problem. Blocks; any thread but
+/// the main one.
+[[nodiscard]] Purge purgeFromTrash(const std::vector<KnownItem>& landed);
 
 } // namespace zolva

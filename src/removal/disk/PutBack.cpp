@@ -8,10 +8,11 @@
 
 namespace zolva {
 
-tl::expected<void, std::string> putBackItem(const std::string& landed, const std::string& original)
+tl::expected<void, std::string> putBackItem(const std::string& landed, const std::string& original,
+                                            const std::optional<FileIdentity>& expected)
 {
-    const auto done =
-        putBackFromTrash(landed, standardizedPath(expandTilde(original)), MissingParent::IsAnError);
+    const auto done = putBackFromTrash(landed, standardizedPath(expandTilde(original)),
+                                       MissingParent::IsAnError, expected);
     if (!done) {
         return tl::unexpected(done.error().text);
     }

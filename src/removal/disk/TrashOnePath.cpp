@@ -37,7 +37,7 @@ TrashAttempt trashOnePath(const std::string& path)
     const auto moved = moveToTrash(homeFolder(), target);
     if (moved) {
         log::trashed(path, bytes);
-        return {TrashMoved{bytes}, moved->landed};
+        return {TrashMoved{bytes}, moved->landed, moved->identity};
     }
     if (presenceAt(target) == Presence::Absent) {
         return alreadyAbsent(path);

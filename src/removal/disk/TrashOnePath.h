@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileIdentity.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -45,6 +47,8 @@ struct TrashAttempt
     /// Where the item is now; only with `TrashMoved`, and not even then always: what the system did
     /// not tell the place of can never be purged.
     std::optional<std::string> landed;
+    /// What landed, to be known again.
+    std::optional<FileIdentity> identity{};
 };
 
 /// Asks the guard once more, measures, moves, and writes to the log what became of it. `path` may

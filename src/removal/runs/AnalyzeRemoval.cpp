@@ -54,7 +54,7 @@ void AnalyzeRemoval::trashAnalyzeItem(const std::string& name, const std::string
     m_trashed.insert(path);
     m_trash.noteJustTrashed();
     if (move.landed) {
-        offerUndo({QUuid::createUuid(), name, path, bytes, *move.landed});
+        offerUndo({QUuid::createUuid(), name, path, bytes, *move.landed, move.identity});
     } else {
         m_toasts.addToast(BannerKind::Success, movedToTrashText(bytes));
     }
@@ -83,7 +83,8 @@ void AnalyzeRemoval::putBack(const QUuid& id)
         return;
     }
     const AnalyzeUndoRecord record = found->second;
-    if (!m_disk->exists(record.trashedTo)) {
+    const KnownItem landed(record.trashedTo, record.identity);
+    if (!m_disk->isInTrash(landed)) {
         m_analyzeUndos.erase(found);
         m_toasts.addToast(BannerKind::Warning, leftTheTrashText(record.name));
         return;
@@ -92,7 +93,7 @@ void AnalyzeRemoval::putBack(const QUuid& id)
         m_toasts.addToast(BannerKind::Warning, placeTakenText(record.path, record.name));
         return;
     }
-    if (const auto error = m_disk->putBack(record.trashedTo, record.path)) {
+    if (const auto error = m_disk->putBack(landed, record.path)) {
         m_toasts.addToast(BannerKind::Warning, putBackFailedText(record.name, *error));
         return;
     }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -24,7 +25,8 @@ struct AnalyzeUndoRecord
     std::string name; ///< as shown
     std::string path; ///< before the move, as the screen gave it
     std::int64_t bytes = 0;
-    std::string trashedTo; ///< where it is in the Trash
+    std::string trashedTo;                  ///< where it is in the Trash
+    std::optional<FileIdentity> identity{}; ///< what it is
 };
 
 /// One large file or folder at a time to the Trash, whatever the settings say about deleting, and

@@ -17,7 +17,7 @@ TrashAttempt trashOn(const std::shared_ptr<RemovalDisk>& disk, const std::string
     return disk->trashOnePath(path);
 }
 
-Purge purgeOn(const std::shared_ptr<RemovalDisk>& disk, const std::vector<std::string>& landed)
+Purge purgeOn(const std::shared_ptr<RemovalDisk>& disk, const std::vector<KnownItem>& landed)
 {
     return disk->purgeFromTrash(landed);
 }
@@ -58,7 +58,7 @@ QCoro::Task<std::vector<RunItem>> moveInTurn(RunTools tools, std::vector<std::st
 }
 
 /// Nothing can stop it: also what a stopped run has moved is deleted.
-QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<std::string> landed)
+QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<KnownItem> landed)
 {
     const auto count = static_cast<std::int64_t>(landed.size());
     Purge purge = co_await background(&purgeOn, tools.disk, std::move(landed));
@@ -68,12 +68,12 @@ QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<std::string> landed)
     co_return purge;
 }
 
-std::vector<std::string> landedOf(const std::vector<RunItem>& items)
+std::vector<KnownItem> landedOf(const std::vector<RunItem>& items)
 {
-    std::vector<std::string> landed;
+    std::vector<KnownItem> landed;
     for (const RunItem& item : items) {
         if (item.attempt.landed) {
-            landed.push_back(*item.attempt.landed);
+            landed.emplace_back(*item.attempt.landed, item.attempt.identity);
         }
     }
     return landed;
@@ -125,7 +125,7 @@ QCoro::Task<RunResult> runBulk(RunTools tools, BulkOrder order, HeldRunLock lock
     result.freed = bytesMoved(result.items);
 
     if (!tools.settings.keepInTrash()) {
-        std::vector<std::string> landed = landedOf(result.items);
+        std::vector<KnownItem> landed = landedOf(result.items);
         bulk.enterPhase(runname::emptyTrash.title, landed.size());
         Purge purge = co_await purgeLanded(tools, std::move(landed));
         result.purged = purge.purged;

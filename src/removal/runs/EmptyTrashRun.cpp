@@ -14,21 +14,26 @@ namespace zolva {
 namespace {
 
 std::optional<std::string> deleteOn(const std::shared_ptr<RemovalDisk>& disk,
-                                    const std::string& name)
+                                    const KnownItem& entry)
 {
-    return disk->deleteFromTrash(name);
+    return disk->deleteFromTrash(entry);
 }
 
-QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<std::string> names)
+void sweepOn(const std::shared_ptr<RemovalDisk>& disk)
+{
+    disk->deleteLeftovers();
+}
+
+QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> entries)
 {
     EmptyReport report;
     std::int64_t done = 0;
-    for (const std::string& name : names) {
+    for (const KnownItem& entry : entries) {
         if (!tools.state) {
             break;
         }
-        tools.state->setCurrent(QString::fromStdString(displayText(name)));
-        std::optional<std::string> failure = co_await background(&deleteOn, tools.disk, name);
+        tools.state->setCurrent(QString::fromStdString(displayText(entry.at)));
+        std::optional<std::string> failure = co_await background(&deleteOn, tools.disk, entry);
         if (failure) {
             report.failures.push_back(std::move(*failure));
         } else {
@@ -38,23 +43,24 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<std::string> n
             tools.state->setDone(++done);
         }
     }
+    co_await background(&sweepOn, tools.disk);
     co_return report;
 }
 
-/// The names to delete; none where the user was told why there is nothing to do.
-std::vector<std::string> namesToDelete(const RunTools& tools, EmptyReport& report)
+/// What to delete; nothing where the user was told why there is nothing to do.
+std::vector<KnownItem> itemsToDelete(const RunTools& tools, EmptyReport& report)
 {
-    std::optional<std::vector<std::string>> names = tools.disk->listTrash();
-    if (!names) {
+    std::optional<std::vector<KnownItem>> entries = tools.disk->listTrash();
+    if (!entries) {
         report.unreadable = true;
         log::blockedByPrivacy({"Trash"});
         tools.toasts.addToast(BannerKind::Warning, trashUnreadableText());
         return {};
     }
-    if (names->empty()) {
+    if (entries->empty()) {
         tools.toasts.addToast(BannerKind::Info, trashAlreadyEmptyText());
     }
-    return std::move(*names);
+    return std::move(*entries);
 }
 
 } // namespace
@@ -69,15 +75,16 @@ QCoro::Task<EmptyReport> emptyTrash(RunTools tools)
         report.start = start;
         co_return report;
     }
-    std::vector<std::string> names = namesToDelete(tools, report);
-    if (names.empty()) {
+    std::vector<KnownItem> entries = itemsToDelete(tools, report);
+    if (entries.empty()) {
         co_return report;
     }
-    BulkMark bulk(tools.state, name.title, names.size());
-    log::runStarting(name.label, static_cast<std::int64_t>(names.size()), tools.trash.trashBytes());
-    JournalMark journal(tools, name.label, names.size());
+    BulkMark bulk(tools.state, name.title, entries.size());
+    log::runStarting(name.label, static_cast<std::int64_t>(entries.size()),
+                     tools.trash.trashBytes());
+    JournalMark journal(tools, name.label, entries.size());
 
-    report = co_await deleteInTurn(tools, std::move(names));
+    report = co_await deleteInTurn(tools, std::move(entries));
     report.start = RunStart::Started;
     if (!tools.state) {
         co_return report;

@@ -43,7 +43,7 @@ TrashAttempt LiveRemovalDisk::trashOnePath(const std::string& path)
     return zolva::trashOnePath(path);
 }
 
-Purge LiveRemovalDisk::purgeFromTrash(const std::vector<std::string>& landed)
+Purge LiveRemovalDisk::purgeFromTrash(const std::vector<KnownItem>& landed)
 {
     return zolva::purgeFromTrash(landed);
 }
@@ -59,19 +59,27 @@ RemovalDisk::Move LiveRemovalDisk::moveToTrash(const std::string& path)
     if (!moved) {
         return {moved.error().text, std::nullopt};
     }
-    return {std::nullopt, std::move(moved->landed)};
+    return {std::nullopt, std::move(moved->landed), moved->identity};
 }
 
-std::optional<std::string> LiveRemovalDisk::putBack(const std::string& landed,
+std::optional<std::string> LiveRemovalDisk::putBack(const KnownItem& landed,
                                                     const std::string& destination)
 {
-    const auto done = putBackItem(landed, destination);
+    const auto done = putBackItem(landed.at, destination, landed.identity);
     return done ? std::nullopt : std::optional(done.error());
 }
 
 bool LiveRemovalDisk::exists(const std::string& path)
 {
     return somethingAt(onDisk(path));
+}
+
+bool LiveRemovalDisk::isInTrash(const KnownItem& landed)
+{
+    const EntryPath entry = entryPath(landed.at);
+    const FileDescriptor folder = openFolder(entry.folder);
+    const auto found = folder.isOpen() ? identityAt(folder.get(), entry.name) : std::nullopt;
+    return found ? !landed.identity || found == landed.identity : somethingAt(landed.at);
 }
 
 std::string LiveRemovalDisk::trashFolder()
@@ -103,15 +111,15 @@ std::optional<std::int64_t> LiveRemovalDisk::trashCount()
     return errno == 0 ? std::optional(count) : std::nullopt;
 }
 
-std::optional<std::vector<std::string>> LiveRemovalDisk::listTrash()
+std::optional<std::vector<KnownItem>> LiveRemovalDisk::listTrash()
 {
-    auto names = zolva::listTrash();
-    return names ? std::optional(std::move(*names)) : std::nullopt;
+    auto items = listTrashItems();
+    return items ? std::optional(std::move(*items)) : std::nullopt;
 }
 
 std::int64_t LiveRemovalDisk::measureTrash(const std::atomic<bool>& stop)
 {
-    const std::vector<std::string> names = listTrash().value_or(std::vector<std::string>());
+    const std::vector<std::string> names = zolva::listTrash().value_or(std::vector<std::string>());
     const std::string folder = zolva::trashFolder();
     std::int64_t bytes = 0;
     for (std::size_t begin = 0; begin < names.size() && !stop.load(); begin += measuredAtOnce) {
@@ -127,10 +135,15 @@ std::int64_t LiveRemovalDisk::measureTrash(const std::atomic<bool>& stop)
     return bytes;
 }
 
-std::optional<std::string> LiveRemovalDisk::deleteFromTrash(const std::string& name)
+std::optional<std::string> LiveRemovalDisk::deleteFromTrash(const KnownItem& entry)
 {
-    const auto done = deleteTrashEntry(name);
+    const auto done = deleteTrashEntry(entry.at, entry.identity);
     return done ? std::nullopt : std::optional(done.error());
+}
+
+void LiveRemovalDisk::deleteLeftovers()
+{
+    deleteTrashLeftovers();
 }
 
 } // namespace zolva

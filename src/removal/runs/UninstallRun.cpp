@@ -37,12 +37,12 @@ std::vector<std::string> ownPaths(const ResidueScan& scan, const UninstallApp& a
 bool removeForGood(const std::shared_ptr<RemovalDisk>& disk, const std::vector<std::string>& paths)
 {
     bool moved = false;
-    std::vector<std::string> landed;
+    std::vector<KnownItem> landed;
     for (const std::string& path : paths) {
         const TrashAttempt attempt = disk->trashOnePath(path);
         moved = moved || std::holds_alternative<TrashMoved>(attempt.outcome);
         if (attempt.landed) {
-            landed.push_back(*attempt.landed);
+            landed.emplace_back(*attempt.landed, attempt.identity);
         }
     }
     static_cast<void>(disk->purgeFromTrash(landed));

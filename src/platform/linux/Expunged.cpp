@@ -1,0 +1,38 @@
+#include "platform/Expunge.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace zolva {
+
+namespace {
+
+/// The name that desktops give it too; nothing lists it.
+constexpr const char* folderName = "expunged";
+
+} // namespace
+
+FileDescriptor openExpunged(const PinnedTrash& trash)
+{
+    const FileDescriptor whole(::openat(trash.files.get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!whole.isOpen() || (::mkdirat(whole.get(), folderName, 0700) != 0 && errno != EEXIST)) {
+        return FileDescriptor();
+    }
+    FileDescriptor folder(
+        ::openat(whole.get(), folderName, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status
+    {};
+    if (!folder.isOpen() || ::fstat(folder.get(), &status) != 0) {
+        return FileDescriptor();
+    }
+    if (status.st_uid != ::geteuid() || (status.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+        errno = EPERM;
+        return FileDescriptor();
+    }
+    return folder;
+}
+
+} // namespace zolva
