@@ -197,7 +197,7 @@ TEST_F(PurgeFromTrash, NothingGoesFromTheTrashThatIsHeldByAPathOfAnother)
         }
     });
     std::int64_t purged = 0;
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 1500; ++round) {
         const std::string landed = m_tree.text("home/b/files/x", "goes");
         purged += purgeFromTrash({landed}).purged;
         EXPECT_EQ(content(kept), "kept") << "round " << round;
