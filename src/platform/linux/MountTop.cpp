@@ -81,8 +81,10 @@ std::optional<MountTop> mountTop(int folder)
             return MountTop{std::move(current), *path, below};
         }
         const std::size_t slash = path->rfind('/');
-        const std::string name = path->substr(slash + 1);
-        below = below.empty() ? name : name + "/" + below;
+        if (!below.empty()) {
+            below.insert(0, 1, '/');
+        }
+        below.insert(0, *path, slash + 1);
         path->resize(slash == 0 ? 1 : slash);
         current = std::move(above);
         place = outside;

@@ -48,7 +48,8 @@ std::string resolvedPath(const std::string& path)
             continue;
         }
         ++links;
-        rest = target + "/" + rest;
+        rest.insert(0, 1, '/');
+        rest.insert(0, target);
         if (target.starts_with('/')) {
             done = "/";
         }
