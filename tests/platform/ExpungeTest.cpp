@@ -58,6 +58,7 @@ TEST_F(Expunge, WhatIsPutBackDuringItsDeletionIsWholeOrAllGone)
         tl::expected<void, TrashFailure> deleted;
         {
             std::atomic<bool> go = false;
+            std::atomic<bool> wasTried = false;
             std::thread undo([&] {
                 while (!go) {
                     std::this_thread::yield();
@@ -66,8 +67,12 @@ TEST_F(Expunge, WhatIsPutBackDuringItsDeletionIsWholeOrAllGone)
                     std::this_thread::yield();
                 }
                 ::rename(m_home.inTrash("x").c_str(), back.c_str());
+                wasTried = true;
             });
             go = true;
+            while (round % 10 == 0 && !wasTried) { // now and then it certainly comes first
+                std::this_thread::yield();
+            }
             deleted = remove("x");
             undo.join();
         }

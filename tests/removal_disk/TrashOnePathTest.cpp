@@ -198,6 +198,7 @@ TEST_F(TrashOnePath, WhatVanishesDuringItsMoveIsAbsentAndNoFailure)
     for (int round = 0; round < 100; ++round) {
         const std::string path = m_tree.text("home/x/item", "1");
         std::atomic<bool> go = false;
+        std::atomic<bool> isGone = false;
         std::thread other([&] {
             while (!go) {
                 std::this_thread::yield();
@@ -206,8 +207,12 @@ TEST_F(TrashOnePath, WhatVanishesDuringItsMoveIsAbsentAndNoFailure)
                 static_cast<void>(stands(path));
             }
             ::unlink(path.c_str());
+            isGone = true;
         });
         go = true;
+        while (round % 10 == 0 && !isGone) { // now and then it certainly comes first
+            std::this_thread::yield();
+        }
         const TrashAttempt attempt = trashOnePath(path);
         other.join();
         ASSERT_FALSE(std::holds_alternative<TrashFailed>(attempt.outcome)) << "round " << round;
