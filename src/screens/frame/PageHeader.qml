@@ -1,0 +1,6 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+
+Item {
+    property string title
+}

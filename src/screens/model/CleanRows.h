@@ -1,0 +1,101 @@
+#pragma once
+
+#include "core/AppModel.h"
+
+#include <QAbstractListModel>
+#include <QQmlEngine>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace zolva {
+
+/// One line under an open category.
+class PathLine
+{
+    Q_GADGET
+    QML_VALUE_TYPE(pathLine)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString fullText MEMBER fullText)
+    Q_PROPERTY(QString trailing MEMBER trailing)
+    Q_PROPERTY(bool isSize MEMBER isSize)
+
+public:
+    QString text;     ///< the path, shortened
+    QString fullText; ///< the whole path, for a tool tip
+    QString trailing; ///< its size, or why it stays
+    bool isSize = false;
+
+    friend bool operator==(const PathLine&, const PathLine&) = default;
+};
+
+/// The categories as the Clean screen shows them, in its order. Rows change in place; a new order
+/// moves them. Main thread; the model outlives it.
+class CleanRows final : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to the CleanModel")
+
+public:
+    enum Trailing
+    {
+        Size,
+        AllProtected,
+        NeedsPassword
+    };
+    Q_ENUM(Trailing)
+
+    enum Role
+    {
+        RowIdRole = Qt::UserRole + 1, ///< "rowId"
+        NameRole,                     ///< "name"
+        DescRole,                     ///< "desc"
+        TickedRole,                   ///< "ticked"
+        TickableRole,                 ///< "tickable"
+        TrailingRole,                 ///< "trailing", a text
+        TrailingKindRole,             ///< "trailingKind"
+        DetailRole,                   ///< "detail": "S removable, P protected"
+        OpenRole,                     ///< "open"
+        ValueRole,                    ///< "spokenValue"
+        LinesRole,                    ///< "lines": list of PathLine, of an open row alone
+        MoreRole,                     ///< "more": "+ N smaller paths, also included", or empty
+    };
+
+    /// Under an open row.
+    static constexpr std::size_t lineLimit = 15;
+
+    explicit CleanRows(AppModel& model, QObject* parent = nullptr);
+
+    /// The ids of the rows as they are shown.
+    [[nodiscard]] std::vector<std::string> order() const;
+    [[nodiscard]] const std::vector<Category>& shown() const { return m_rows; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void shownChanged();
+
+private:
+    /// What the exclusion list leaves of a category; added up once per change.
+    struct Sums
+    {
+        std::int64_t removable = 0;
+        std::int64_t protectedBytes = 0;
+        bool isTickable = false;
+    };
+
+    void reload();
+    void recount();
+    void tell(const QList<int>& roles);
+    [[nodiscard]] QVariant lines(const Category& row) const;
+
+    AppModel& m_model;
+    std::vector<Category> m_rows;
+    std::vector<Sums> m_sums; ///< beside the rows
+};
+
+} // namespace zolva

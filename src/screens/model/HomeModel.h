@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/AppModel.h"
+
+#include <QAbstractListModel>
+#include <QQmlEngine>
+#include <QString>
+
+namespace zolva {
+
+/// The sum of the home screen, and its cards as rows. Main thread; the model outlives it.
+class HomeModel final : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to the ScreenModel")
+    /// Nothing was scanned yet.
+    Q_PROPERTY(bool isWelcome READ isWelcome NOTIFY changed)
+    Q_PROPERTY(bool counting READ counting NOTIFY changed)
+    Q_PROPERTY(QString heading READ heading NOTIFY changed)
+
+public:
+    enum Role
+    {
+        NameRole = Qt::UserRole + 1, ///< "name"
+        SubRole,                     ///< "sub"
+        SizeRole,                    ///< "size", as text
+        MutedRole,                   ///< "muted"
+        SymbolRole,                  ///< "symbol"
+        GoRole,                      ///< "goTo", the screen's id
+    };
+
+    explicit HomeModel(AppModel& model, QObject* parent = nullptr);
+
+    [[nodiscard]] bool isWelcome() const;
+    [[nodiscard]] bool counting() const;
+    [[nodiscard]] QString heading() const;
+
+    Q_INVOKABLE void scanAll();
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    AppModel& m_model;
+};
+
+} // namespace zolva

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/AppModel.h"
+
+#include "screens/model/AccessModel.h"
+#include "screens/model/BulkModel.h"
+#include "screens/model/CleanModel.h"
+#include "screens/model/ConfirmModel.h"
+#include "screens/model/HomeModel.h"
+#include "screens/model/QuitModel.h"
+#include "screens/model/SidebarModel.h"
+
+#include <QAbstractItemModel>
+#include <QObject>
+#include <QQmlEngine>
+#include <QString>
+
+namespace zolva {
+
+/// The application model as the screens see it: texts ready to be shown and what can be done, one
+/// part per screen. It keeps no state of its own. Main thread; the model outlives it.
+class ScreenModel final : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the program")
+    Q_PROPERTY(QString screen READ screen NOTIFY screenChanged)
+    Q_PROPERTY(bool lightTheme READ lightTheme NOTIFY lightThemeChanged)
+    Q_PROPERTY(QString homeFolder READ homeFolder CONSTANT)
+    Q_PROPERTY(zolva::SidebarModel* sidebar READ sidebar CONSTANT)
+    Q_PROPERTY(zolva::HomeModel* home READ home CONSTANT)
+    Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
+    Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
+    Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
+    Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
+    Q_PROPERTY(zolva::QuitModel* quit READ quit CONSTANT)
+    /// Rows with `toastId`, `kind` ("info", "warning", "success"), `text` and `actionTitle`.
+    Q_PROPERTY(QAbstractItemModel* toasts READ toasts CONSTANT)
+
+public:
+    ScreenModel(AppModel& model, Clock& clock, QObject* parent = nullptr);
+
+    [[nodiscard]] QString screen() const;
+    [[nodiscard]] bool lightTheme() const;
+    [[nodiscard]] QString homeFolder() const; ///< for showing
+    [[nodiscard]] SidebarModel* sidebar() { return &m_sidebar; }
+    [[nodiscard]] HomeModel* home() { return &m_home; }
+    [[nodiscard]] CleanModel* clean() { return &m_clean; }
+    [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
+    [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
+    [[nodiscard]] AccessModel* access() { return &m_access; }
+    [[nodiscard]] QuitModel* quit() { return &m_quit; }
+    [[nodiscard]] QAbstractItemModel* toasts() { return &m_model.toasts(); }
+
+    Q_INVOKABLE void go(const QString& screen);
+    Q_INVOKABLE void runToast(const QUuid& id);
+    Q_INVOKABLE void dismissToast(const QUuid& id);
+
+Q_SIGNALS:
+    void screenChanged();
+    void lightThemeChanged();
+
+private:
+    AppModel& m_model;
+    SidebarModel m_sidebar;
+    HomeModel m_home;
+    CleanModel m_clean;
+    ConfirmModel m_confirm;
+    BulkModel m_bulk;
+    AccessModel m_access;
+    QuitModel m_quit;
+};
+
+} // namespace zolva

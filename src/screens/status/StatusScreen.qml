@@ -1,0 +1,15 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Zolva.Frame
+import Zolva.Model
+
+Item {
+    id: page
+
+    required property ScreenModel model
+
+    PageHeader {
+        title: "Status"
+        width: page.width
+    }
+}
