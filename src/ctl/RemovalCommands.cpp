@@ -37,7 +37,8 @@ Answer removal(const Request& request, const Plan& plan, const Start& start)
     const std::string amount = amountText(plan);
     const std::string question = session.isPermanent() ? "Delete " + amount + " for good?"
                                                        : "Move " + amount + " to the Trash?";
-    if (!confirmed(request, plan, question, session.stop())) {
+    const bool wanted = nothingGoes(plan) || confirmed(request, plan, question, session.stop());
+    if (!wanted || !session.begin()) {
         RunResult nothing;
         nothing.stopped = true;
         return declined(outcomeJson(nothing, Json::array()), request);

@@ -58,6 +58,12 @@ AppModel& RemovalSession::model()
     return *m_model;
 }
 
+bool RemovalSession::begin()
+{
+    static_cast<void>(model());
+    return !m_stop.wasAsked();
+}
+
 RunTools RemovalSession::tools()
 {
     RunTools tools = model().removal().tools();
@@ -94,11 +100,12 @@ void RemovalSession::showProgress()
         return;
     }
     m_shown = true;
-    // Progress that cannot be shown is no reason to stop.
-    static_cast<void>(writeAll(STDERR_FILENO, "\r\x1b[K" + bulk->title.toStdString() + "  " +
-                                                  countText(bulk->done) + " of " +
-                                                  countText(bulk->total) + "  " +
-                                                  displayLine(bulk->current.toStdString())));
+    // Cut off at the edge: a line that went on below could not be erased. Progress that cannot be
+    // shown is no reason to stop.
+    static_cast<void>(
+        writeAll(STDERR_FILENO, "\r\x1b[K\x1b[?7l" + bulk->title.toStdString() + "  " +
+                                    countText(bulk->done) + " of " + countText(bulk->total) + "  " +
+                                    displayLine(bulk->current.toStdString()) + "\x1b[?7h"));
 }
 
 void RemovalSession::endProgress()

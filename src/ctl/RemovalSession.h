@@ -30,6 +30,9 @@ public:
     /// Built when it is first asked for, so that nothing comes of a removal that nobody wants.
     [[nodiscard]] AppModel& model();
     [[nodiscard]] const StopSignals& stop() const { return m_stop; }
+    /// The last look before the run: builds the model, and answers whether nobody asked the program
+    /// to end since the user's word, which the run would only hear of behind its first item.
+    [[nodiscard]] bool begin();
     /// Of the model, but that what was asked about permanence holds to the end.
     [[nodiscard]] RunTools tools();
     /// Whether what is moved is then deleted: by the setting, or by "--permanent".

@@ -133,7 +133,8 @@ Answer uninstall(const Request& request)
     const auto apps = static_cast<std::int64_t>(list.checkedApps().size());
     const std::string question = "Quit and uninstall " + counted(apps, "app") + ", and delete " +
                                  amountText(plan) + " for good?";
-    if (!confirmed(request, plan, question, session.stop())) {
+    // Also where nothing would go: the application is asked to quit all the same.
+    if (!confirmed(request, plan, question, session.stop()) || !session.begin()) {
         return declined(uninstallJson({}, Json::array()), request);
     }
     SystemAppProcesses processes;

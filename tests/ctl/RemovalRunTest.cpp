@@ -264,6 +264,21 @@ TEST_F(Uninstall, TheQuestionSaysThatItIsForGoodAndANoTouchesNothing)
     EXPECT_EQ(home.all(), before);
 }
 
+TEST_F(Uninstall, AsksAlsoWhereNothingWouldGoSinceItQuitsTheApplication)
+{
+    for (const std::string path : {"Applications/Lumen.app", "Library/Caches/org.lumen"}) {
+        ASSERT_EQ(home.run({"exclusions", "add", "~/" + path}).code, 0);
+    }
+    const Outcome outcome = ChildRun({"uninstall", lumen, "--apps", list, "--json"})
+                                .home(home.tree.root())
+                                .answerOnTerminal("n\n")
+                                .run();
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_THAT(
+        outcome.err,
+        HasSubstr("Quit and uninstall 1 app, and delete 0 items (0 bytes) for good? [y/N] "));
+}
+
 TEST_F(Uninstall, AnUnknownPathDoesNothing)
 {
     const auto before = home.all();

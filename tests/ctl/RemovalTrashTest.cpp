@@ -15,6 +15,7 @@ namespace zolva::test {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
@@ -214,6 +215,9 @@ TEST(TrashCommand, CtrlCStopsBetweenTwoItemsAndReports)
     EXPECT_THAT(outcome.out, StartsWith("Stopped. " + std::to_string(moved) + " item"));
     EXPECT_THAT(outcome.out, HasSubstr(", " + std::to_string(400 - moved) + " left alone.\n"));
     EXPECT_THAT(outcome.err, HasSubstr("Stopping…"));
+    // No line is broken: what stands below could not be taken away again.
+    EXPECT_THAT(outcome.err, HasSubstr("\x1b[?7lMoving to the Trash  1 of 400  "));
+    EXPECT_THAT(outcome.err, EndsWith("\x1b[?7h\r\x1b[K"));
     EXPECT_EQ(journalRead(logFolder(home.tree.root())), std::nullopt);
 }
 
