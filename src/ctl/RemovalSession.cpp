@@ -34,9 +34,9 @@ std::unique_ptr<AppModel> windowlessModel(Clock& clock, PrefsStore& store)
 
 } // namespace
 
-RemovalSession::RemovalSession(const Request& request)
+RemovalSession::RemovalSession(const Request& request, std::vector<std::string> excluded)
     : m_permanent(request.permanent || !StoredPrefs().prefs().load().keepInTrash),
-      m_seen(canRedraw(STDERR_FILENO)), m_store(systemPrefsStore())
+      m_excluded(std::move(excluded)), m_seen(canRedraw(STDERR_FILENO)), m_store(systemPrefsStore())
 {}
 
 RemovalSession::~RemovalSession()
@@ -68,6 +68,11 @@ RunTools RemovalSession::tools()
 {
     RunTools tools = model().removal().tools();
     tools.settings.keepInTrash = [keep = !m_permanent] { return keep; };
+    tools.settings.whitelist = [stored = tools.settings.whitelist, shown = m_excluded] {
+        std::vector<std::string> all = stored();
+        all.insert(all.end(), shown.begin(), shown.end());
+        return all;
+    };
     return tools;
 }
 

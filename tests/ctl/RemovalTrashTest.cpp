@@ -116,6 +116,26 @@ TEST(TrashCommand, AnExcludedPathStaysAndIsNoFailure)
     EXPECT_TRUE(home.has("Documents/mine/a"));
 }
 
+TEST(TrashCommand, AnExclusionMadeOrTakenBackWhileTheQuestionStandsStillHoldsItsPath)
+{
+    RemovalHome home;
+    const std::string taken = home.tree.file("Documents/taken");
+    const std::string made = home.tree.file("Documents/made");
+    const std::string free = home.tree.file("Documents/free");
+    ASSERT_EQ(home.run({"exclusions", "add", taken}).code, 0);
+    const Outcome outcome =
+        ChildRun({"trash", taken, made, free})
+            .home(home.tree.root())
+            .answerAfter("[y/N] ", "y\n",
+                         [&] {
+                             EXPECT_EQ(home.run({"exclusions", "remove", taken}).code, 0);
+                             EXPECT_EQ(home.run({"exclusions", "add", made}).code, 0);
+                         })
+            .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_THAT(home.trash(), ElementsAre("free"));
+}
+
 TEST(TrashCommand, ADryRunTouchesNothingAndTellsRefusals)
 {
     RemovalHome home;
