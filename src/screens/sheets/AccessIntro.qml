@@ -31,7 +31,7 @@ OverlayCard {
                 anchors.centerIn: parent
                 color: Theme.palette.accent
                 name: "lock.open.fill"
-                size: 30 * 0.7
+                size: 30
             }
         }
 
