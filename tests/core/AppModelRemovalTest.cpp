@@ -222,6 +222,36 @@ TEST_F(ModelRemoval, WhatIsExcludedWhileTheSheetStandsOpenStays)
     EXPECT_TRUE(toastTexts().empty());
 }
 
+TEST_F(ModelRemoval, WhatAnotherProcessExcludesMeanwhileStays)
+{
+    AppModel& m = cleaned();
+    m.lists().setClean({"second"}, true);
+    m.raiseSheet("erase");
+    store.values["zolva.whitelist"] = Names{"/c/a"};
+    m.runSheet();
+    untilIdle(m);
+    EXPECT_EQ(changes(), (Names{"trash /c/b"}));
+    EXPECT_EQ(m.exclusions().whitelist(), (Names{"/c/a"}));
+}
+
+TEST_F(ModelRemoval, ASheetCountsWhatAnotherProcessExcludedBefore)
+{
+    AppModel& m = cleaned();
+    store.values["zolva.whitelist"] = Names{"/c/a"};
+    m.raiseSheet("erase");
+    EXPECT_EQ(m.sheet(), std::nullopt);
+    EXPECT_EQ(m.removal().selectedCleanBytes(), 0);
+}
+
+TEST_F(ModelRemoval, AnAnalysedFileThatAnotherProcessExcludedStays)
+{
+    disk->put("~/x/kept", 100);
+    AppModel& m = ready();
+    store.values["zolva.whitelist"] = Names{"~/x"};
+    m.removal().analyzed().trashAnalyzeItem("kept", "~/x/kept", 100);
+    EXPECT_TRUE(changes().empty());
+}
+
 TEST_F(ModelRemoval, AConfirmedPurgeRunForgetsItsFigureAtTheScanThatFollows)
 {
     disk->put("/p/build", 3000);
