@@ -242,8 +242,8 @@ AnalyzeResult drillDown(const std::string& path, const WalkProgressTold& told)
     for (const FolderEntry& child : *children) {
         std::string full = joinedPath(path, child.name);
         batch.addChild(full, child);
-        const bool isDir =
-            child.kind == EntryKind::Folder || (child.kind == EntryKind::Link && isFolderAt(full));
+        // What cannot be entered is no folder to go down into, whatever the listing calls it.
+        const bool isDir = isFolderAt(full);
         result.entries.push_back({child.name, std::move(full), 0, isDir, std::nullopt});
     }
     std::vector<Walk> walks = batch.run(told);

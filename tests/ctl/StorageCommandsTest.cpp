@@ -231,14 +231,23 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
     });
 }
 
-TEST(SummaryCommand, LeavesOutOfCleanWhatIsExcluded)
+TEST(SummaryCommand, LeavesOutWhatIsExcluded)
 {
     TempTree tree;
     const std::int64_t plain = blocksOf(tree.file("Library/Logs/plain/data", 1'000'001));
     tree.file("Library/Logs/mine/data", 1'200'000);
-    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "~/Library/Logs/mine"}).code, 0);
+    const std::int64_t target = blocksOf(tree.file("Code/t/target/bin", 1'100'000));
+    tree.file("Code/mine/target/bin", 1'300'000);
+    const std::int64_t image = blocksOf(tree.file("Downloads/a.dmg", 20'000));
+    tree.file("Downloads/mine.dmg", 40'000);
+    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "~/Library/Logs/mine", "~/Code/mine",
+                                     "~/Downloads/mine.dmg"})
+                  .code,
+              0);
     EXPECT_THAT(zolvactl(tree.root(), {"summary", "--json"}).out,
-                StartsWith(json("{'clean':" + std::to_string(plain) + ",'purge':0,")));
+                StartsWith(json("{'clean':" + number(plain) + ",'purge':" + number(target) +
+                                ",'installers':" + number(image) +
+                                ",'trash':0,'total':" + number(plain + target + image) + ",")));
 }
 
 TEST(SummaryCommand, CountsACacheOnceForEachRowThatHoldsIt)
