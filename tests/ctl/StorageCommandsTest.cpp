@@ -8,6 +8,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -181,6 +182,31 @@ TEST(AnalyzeCommand, ShowsTheOverviewWithWhatIsAvailable)
     EXPECT_THAT(outcome.out, HasSubstr("System Logs "));
     EXPECT_THAT(outcome.out, HasSubstr("~/Library/Logs\n"));
     EXPECT_THAT(outcome.out, HasSubstr("they do not add up."));
+}
+
+TEST(AnalyzeCommand, AsksTheSystemOnceForEachFileOfAFolder)
+{
+    TempTree tree;
+    for (int i = 0; i < 20; ++i) {
+        tree.file("folder/plain" + std::to_string(i));
+    }
+    TempTree out;
+    const std::string report = out.text("report", "");
+    const Outcome outcome = ChildRun({"strace", "-f", "-o", report, "-e", "trace=%%stat", ZOLVACTL,
+                                      "analyze", tree.path("folder")})
+                                .program("/usr/bin/env")
+                                .home(tree.root())
+                                .variable("PATH", "/usr/bin:/bin")
+                                .run();
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("0 bytes in 20 files\n"));
+    std::ifstream calls(report);
+    std::string line;
+    int asked = 0;
+    while (std::getline(calls, line)) {
+        asked += line.find("/plain") != std::string::npos ? 1 : 0;
+    }
+    EXPECT_EQ(asked, 20);
 }
 
 TEST(BlockedCommand, GivesThePlacesThatCannotBeListed)
