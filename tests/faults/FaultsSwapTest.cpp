@@ -112,7 +112,8 @@ int deletionLosses(
     Picture before = pictureOf(bystander);
     for (int round = 0; round < rounds && !(untilFirst && losses > 0); ++round) {
         makeFiles(doomed + "/t/folder", "goes");
-        fs::create_directory_symlink(bystander, doomed + "/t/link");
+        // Relative, so that it is no mount that keeps anybody from following it.
+        fs::create_directory_symlink("../../neighbour", doomed + "/t/link");
         {
             const Swapper swapper(doomed + "/t/folder", doomed + "/t/link");
             remove(doomed, swapper);
