@@ -44,47 +44,6 @@ TEST_F(Expunge, ADeletionLeavesNothingOutOfSight)
     EXPECT_TRUE(namesIn(expunged()).empty());
 }
 
-<<<<<<< HEAD
-TEST_F(Expunge, WhatIsPutBackDuringItsDeletionIsWholeOrAllGone)
-{
-    int restored = 0;
-    for (int round = 0; round < 150; ++round) {
-        for (int i = 0; i < 6; ++i) {
-            inTrash("x/f" + std::to_string(i), "1");
-        }
-        const std::string back = m_home.path("back");
-        tl::expected<void, TrashFailure> deleted;
-        {
-            std::atomic<bool> go = false;
-            std::atomic<bool> wasTried = false;
-            std::thread undo([&] {
-                while (!go) {
-                    std::this_thread::yield();
-                }
-                for (int i = round % 10; i > 0; --i) {
-                    std::this_thread::yield();
-                }
-                ::rename(m_home.inTrash("x").c_str(), back.c_str());
-                wasTried = true;
-            });
-            go = true;
-            while (round % 10 == 0 && !wasTried) { // now and then it certainly comes first
-                std::this_thread::yield();
-            }
-            deleted = remove("x");
-            undo.join();
-        }
-        ASSERT_FALSE(stands(m_home.inTrash("x")));
-        ASSERT_EQ(namesIn(back).size(), stands(back) ? 6U : 0U) << "round " << round;
-        ASSERT_EQ(deleted.has_value(), !stands(back));
-        restored += stands(back) ? 1 : 0;
-        std::filesystem::remove_all(back);
-    }
-    EXPECT_GT(restored, 0);
-}
-
-=======
->>>>>>> rev4a
 TEST_F(Expunge, WhatCannotBeTakenOutOfSightStaysWholeAndIsTold)
 {
     const std::string kept = inTrash("x/file", "kept");
