@@ -1,15 +1,40 @@
 pragma ComponentBehavior: Bound
+
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
 
+// The categories of what the machine makes anew by itself.
 Item {
-    id: page
+    id: screen
 
     required property ScreenModel model
 
-    PageHeader {
-        title: "Clean"
-        width: page.width
+    Loader {
+        anchors.fill: parent
+        sourceComponent: screen.model.clean.page === CleanModel.List ? list : welcome
+    }
+
+    Component {
+        id: welcome
+
+        WelcomePage {
+            icon: "wand.and.sparkles"
+            message: "Zolva looks through your caches, logs and build artifacts, the things macOS rebuilds on its own."
+            scanning: screen.model.clean.page === CleanModel.Scanning
+            subtitle: screen.model.clean.subtitle
+            title: "Clean"
+            welcomeTitle: "Scan for cleanable files"
+
+            onScan: screen.model.clean.scan()
+        }
+    }
+
+    Component {
+        id: list
+
+        CleanList {
+            model: screen.model
+        }
     }
 }

@@ -1,15 +1,48 @@
 pragma ComponentBehavior: Bound
+
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
 
+// What can be reclaimed in all, and the ways to it.
 Item {
-    id: page
+    id: screen
 
     required property ScreenModel model
 
-    PageHeader {
-        title: "Home"
-        width: page.width
+    Loader {
+        anchors.fill: parent
+        sourceComponent: screen.model.home.isWelcome ? welcome : page
+    }
+
+    Component {
+        id: welcome
+
+        WelcomePage {
+            icon: "externaldrive.fill"
+            message: "Zolva finds caches, build artifacts, leftover installers and unused apps you can safely reclaim, all in one pass."
+            scanning: false
+            title: "Home"
+            welcomeTitle: "Scan your Mac"
+
+            onScan: screen.model.home.scanAll()
+        }
+    }
+
+    Component {
+        id: page
+
+        CollapsingPage {
+            canRescan: true
+            title: "Home"
+
+            header: Component {
+                HomeBody {
+                    model: screen.model
+                }
+            }
+
+            onRescan: screen.model.home.scanAll()
+        }
     }
 }

@@ -1,0 +1,73 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Zolva.Kit
+import Zolva.Model
+
+// Stands wherever totals lack what could not be looked into.
+Card {
+    id: notice
+
+    required property AccessModel access
+
+    implicitHeight: words.height + 28
+    visible: access.noticeShown
+
+    Accessible.name: access.noticeSpoken
+    Accessible.role: Accessible.StaticText
+
+    Symbol {
+        id: lock
+
+        anchors.left: parent.left
+        anchors.leftMargin: 18
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.palette.label2
+        name: "lock.fill"
+        size: 12
+    }
+
+    Column {
+        id: words
+
+        anchors.left: lock.right
+        anchors.leftMargin: 12
+        anchors.right: button.left
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 3
+
+        Label {
+            Accessible.ignored: true
+            size: 13
+            text: notice.access.noticeTitle
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+
+        Label {
+            Accessible.ignored: true
+            color: Theme.palette.label3
+            size: 12
+            text: "macOS is blocking access, so anything there is missing from these totals."
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+    }
+
+    PillButton {
+        id: button
+
+        anchors.right: parent.right
+        anchors.rightMargin: 14
+        anchors.verticalCenter: parent.verticalCenter
+        font: Face.text(12.5, Font.Medium)
+        hpad: 14
+        pillHeight: 30
+        radius: 8
+        role: PillButton.Neutral
+        title: "Open Settings"
+
+        onClicked: notice.access.openSettings()
+    }
+}
