@@ -2,6 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Kit
 
+/// The ground that a group of things stands on.
 Rectangle {
-    color: Theme.light ? "white" : "black"
+    color: Theme.palette.card
+    radius: 12
 }

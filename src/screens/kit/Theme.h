@@ -1,25 +1,35 @@
 #pragma once
 
+#include "screens/kit/Palette.h"
+
 #include <QObject>
 #include <QQmlEngine>
 
 namespace zolva {
 
+/// Hands out the colours in effect. The root view says which theme that is. Main thread.
 class Theme final : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(bool light MEMBER m_light NOTIFY lightChanged)
+    Q_PROPERTY(bool light READ isLight WRITE setLight NOTIFY lightChanged)
+    Q_PROPERTY(zolva::Palette* palette READ palette NOTIFY lightChanged)
 
 public:
-    using QObject::QObject;
+    explicit Theme(QObject* parent = nullptr);
+
+    [[nodiscard]] bool isLight() const { return m_isLight; }
+    void setLight(bool light);
+    [[nodiscard]] Palette* palette() { return m_isLight ? &m_light : &m_dark; }
 
 Q_SIGNALS:
     void lightChanged();
 
 private:
-    bool m_light = true;
+    Palette m_light;
+    Palette m_dark;
+    bool m_isLight = true;
 };
 
 } // namespace zolva

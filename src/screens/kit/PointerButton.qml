@@ -1,0 +1,58 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Zolva.Kit
+
+/// Everything that can be clicked, without a look of its own: the pointing hand, the keys, the
+/// focus ring and the spoken words.
+T.AbstractButton {
+    id: button
+
+    readonly property bool hovering: hovered && enabled
+    readonly property bool shiftHeld: shift.held
+    property string spokenName: text
+    property string spokenValue
+    property string spokenHint
+    property real ringRadius: 6
+    property real ringInset: -3
+
+    Accessible.checkable: checkable
+    Accessible.checked: checked
+    Accessible.description: spokenValue && spokenHint ? spokenValue + ". " + spokenHint : spokenValue + spokenHint
+    Accessible.focusable: true
+    Accessible.name: spokenName
+    Accessible.role: Accessible.Button
+    Keys.onEnterPressed: event => button.pressByKey(event)
+    Keys.onReturnPressed: event => button.pressByKey(event)
+    activeFocusOnTab: true
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+
+    Accessible.onPressAction: {
+        shift.clear();
+        button.click();
+    }
+
+    function pressByKey(event: KeyEvent): void {
+        if (!event.isAutoRepeat)
+            button.click();
+    }
+
+    HoverCursor {
+        enabled: button.enabled
+    }
+
+    ShiftWatch {
+        id: shift
+
+        target: button
+    }
+
+    FocusRing {
+        inset: button.ringInset
+        ringRadius: button.ringRadius
+        visible: button.visualFocus
+    }
+}

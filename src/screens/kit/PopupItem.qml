@@ -1,0 +1,49 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Zolva.Kit
+
+/// One entry of a `PopupMenu`, with a check mark where it is the current one.
+T.MenuItem {
+    id: item
+
+    property bool current: false
+
+    Accessible.checkable: true
+    Accessible.checked: current
+    Accessible.name: text
+    Accessible.role: Accessible.MenuItem
+    font: Face.text(13)
+    implicitHeight: 28
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    leftPadding: 28
+    opacity: enabled ? 1 : 0.45
+    rightPadding: 14
+
+    background: Rectangle {
+        color: item.highlighted ? Theme.palette.accentTint : "transparent"
+        radius: 5
+    }
+    contentItem: Label {
+        Accessible.ignored: true
+        elide: Text.ElideRight
+        font: item.font
+        text: item.text
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    HoverCursor {
+        enabled: item.enabled
+    }
+
+    Symbol {
+        anchors.left: parent.left
+        anchors.leftMargin: 9
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.palette.label
+        name: "checkmark"
+        size: 11
+        visible: item.current
+        weight: Font.Medium
+    }
+}
