@@ -80,10 +80,17 @@ void AppModel::dismissAccessIntro(bool openSettings)
 {
     setShowAccessIntro(false);
     m_settings.prefs().writeSeenAccessIntro();
-    if (openSettings && m_doors.accessSettings) {
-        m_doors.accessSettings();
+    if (openSettings) {
+        openAccessSettings();
     }
     log::accessIntroDismissed(openSettings);
+}
+
+void AppModel::openAccessSettings() const
+{
+    if (m_doors.accessSettings) {
+        m_doors.accessSettings();
+    }
 }
 
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)

@@ -87,6 +87,8 @@ public:
     [[nodiscard]] bool showAccessIntro() const { return m_showAccessIntro; }
     /// For good: it never comes back.
     void dismissAccessIntro(bool openSettings);
+    /// Where the system lets the user grant access to folders.
+    void openAccessSettings() const;
 
     /// Every scan, afresh.
     void scanAll();

@@ -33,8 +33,7 @@ std::set<std::string> idsOf(const std::vector<UninstallApp>& apps)
 LiveData::LiveData(std::unique_ptr<MoRunner> runner, LiveScans scans, const MoLocation& location,
                    QObject* parent)
     : QObject(parent), m_runner(std::move(runner)), m_scans(std::move(scans)),
-      m_moAvailable(location.kind != MoLocation::Kind::Absent),
-      m_moVersion(zolva::moVersion(location))
+      m_moKind(location.kind), m_moVersion(zolva::moVersion(location))
 {}
 
 LiveData::~LiveData()

@@ -37,7 +37,8 @@ public:
     /// Ends the stream. What still scans is dropped when it arrives.
     ~LiveData() override;
 
-    [[nodiscard]] bool moAvailable() const { return m_moAvailable; }
+    [[nodiscard]] bool moAvailable() const { return m_moKind != MoLocation::Kind::Absent; }
+    [[nodiscard]] MoLocation::Kind moKind() const { return m_moKind; }
     [[nodiscard]] const std::optional<std::string>& moVersion() const { return m_moVersion; }
 
     /// The newest sample, kept when the stream ends; and why it ended.
@@ -120,7 +121,7 @@ private:
 
     std::unique_ptr<MoRunner> m_runner;
     LiveScans m_scans;
-    bool m_moAvailable;
+    MoLocation::Kind m_moKind;
     std::optional<std::string> m_moVersion;
 
     std::optional<StatusResult> m_status;

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void changed();
 
 private:
+    [[nodiscard]] BulkProgress progress() const;
+
     AppModel& m_model;
 };
 

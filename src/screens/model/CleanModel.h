@@ -9,6 +9,8 @@
 #include <QQmlEngine>
 #include <QString>
 
+#include <cstdint>
+
 namespace zolva {
 
 /// The Clean screen's words and deeds. Main thread; the model outlives it.
@@ -64,11 +66,17 @@ Q_SIGNALS:
     void changed();
 
 private:
-    [[nodiscard]] bool isAllTicked() const;
+    void recount();
+    void refreshNote();
+    void refreshTicks();
 
     AppModel& m_model;
     CleanRows m_rows;
     SortMenu m_sort;
+    // Added up once per change.
+    QString m_note;
+    std::int64_t m_selectedBytes = 0;
+    std::int64_t m_selectedCategories = 0;
 };
 
 } // namespace zolva

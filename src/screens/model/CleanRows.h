@@ -3,9 +3,11 @@
 #include "core/AppModel.h"
 
 #include <QAbstractListModel>
+#include <QList>
 #include <QQmlEngine>
 #include <QString>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -71,13 +73,20 @@ public:
     /// The ids of the rows as they are shown.
     [[nodiscard]] std::vector<std::string> order() const;
     [[nodiscard]] const std::vector<Category>& shown() const { return m_rows; }
+    /// Of the row with that id; false where there is none.
+    [[nodiscard]] bool isTickable(const std::string& id) const;
+    /// What the ticked rows would give back.
+    [[nodiscard]] std::int64_t tickedBytes() const;
+    /// Also the rows of which nothing can go count here; no row is not all.
+    [[nodiscard]] bool isAllTicked() const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 Q_SIGNALS:
-    void shownChanged();
+    void shownChanged(); ///< the rows, or what of them may go
+    void ticksChanged();
 
 private:
     /// What the exclusion list leaves of a category; added up once per change.
@@ -86,16 +95,33 @@ private:
         std::int64_t removable = 0;
         std::int64_t protectedBytes = 0;
         bool isTickable = false;
+        bool hasProtected = false;
     };
 
     void reload();
+    void reorder();
     void recount();
-    void tell(const QList<int>& roles);
-    [[nodiscard]] QVariant lines(const Category& row) const;
+    void followTicks();
+    void followOpen();
+    void takeSums();
+    [[nodiscard]] std::vector<bool> ticksNow() const;
+    void tell(std::size_t first, std::size_t last, const QList<int>& roles);
+    [[nodiscard]] bool isOpen(std::size_t row) const;
+    [[nodiscard]] bool isRemovable(const CatPath& path) const;
+    [[nodiscard]] Sums sumsOf(const Category& row) const;
+    [[nodiscard]] Trailing trailingKind(std::size_t row) const;
+    [[nodiscard]] QString trailing(std::size_t row) const;
+    [[nodiscard]] QString detail(std::size_t row) const;
+    [[nodiscard]] QString spokenValue(std::size_t row) const;
+    [[nodiscard]] QList<PathLine> lines(const Category& row) const;
+    [[nodiscard]] static QString more(const Category& row);
 
     AppModel& m_model;
     std::vector<Category> m_rows;
-    std::vector<Sums> m_sums; ///< beside the rows
+    std::vector<Sums> m_sums;  ///< beside the rows
+    std::vector<bool> m_ticks; ///< beside the rows, as they were told last
+    SortKey m_key;             ///< the order of the rows
+    std::string m_open;        ///< as it was told last; empty for none
 };
 
 } // namespace zolva

@@ -2,27 +2,14 @@
 
 #include "core/AppModel.h"
 
+#include "screens/model/ConfirmMessages.h"
+
 #include <QList>
 #include <QObject>
 #include <QQmlEngine>
 #include <QString>
 
 namespace zolva {
-
-/// One line of the list in the confirmation.
-class ConfirmRow
-{
-    Q_GADGET
-    QML_VALUE_TYPE(confirmRow)
-    Q_PROPERTY(QString label MEMBER label)
-    Q_PROPERTY(QString size MEMBER size)
-
-public:
-    QString label; ///< a path, shortened
-    QString size;  ///< as text; empty where it has none
-
-    friend bool operator==(const ConfirmRow&, const ConfirmRow&) = default;
-};
 
 /// The words of the confirmation that is up, made from the model at each change of it. They stay
 /// as they were while it goes away. Main thread; the model outlives it.
@@ -40,18 +27,15 @@ class ConfirmModel final : public QObject
     Q_PROPERTY(QString more READ more NOTIFY changed)
 
 public:
-    /// How many rows are shown.
-    static constexpr int rowLimit = 14;
-
     explicit ConfirmModel(AppModel& model, QObject* parent = nullptr);
 
-    [[nodiscard]] bool isOpen() const;
-    [[nodiscard]] QString title() const { return m_title; }
-    [[nodiscard]] QString body() const { return m_body; }
-    [[nodiscard]] QString symbol() const { return m_symbol; }
-    [[nodiscard]] QString button() const { return m_button; }
-    [[nodiscard]] QList<ConfirmRow> rows() const { return m_rows; } ///< at most `rowLimit`
-    [[nodiscard]] QString more() const { return m_more; }           ///< "and K more", or empty
+    [[nodiscard]] bool isOpen() const { return m_isOpen; }
+    [[nodiscard]] QString title() const { return m_words.title; }
+    [[nodiscard]] QString body() const { return m_words.body; }
+    [[nodiscard]] QString symbol() const { return m_words.symbol; }
+    [[nodiscard]] QString button() const { return m_words.button; }
+    [[nodiscard]] QList<ConfirmRow> rows() const { return m_words.rows; }
+    [[nodiscard]] QString more() const { return m_words.more; }
 
     Q_INVOKABLE void cancel();
     Q_INVOKABLE void confirm();
@@ -61,15 +45,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void follow(); ///< everything that the words are made from
     void refresh();
+    [[nodiscard]] ConfirmWords wordsOf(const std::string& sheet) const;
 
     AppModel& m_model;
-    QString m_title;
-    QString m_body;
-    QString m_symbol;
-    QString m_button;
-    QList<ConfirmRow> m_rows;
-    QString m_more;
+    bool m_isOpen = false;
+    ConfirmWords m_words;
 };
 
 } // namespace zolva

@@ -6,6 +6,9 @@
 #include <QQmlEngine>
 #include <QString>
 
+#include <array>
+#include <cstdint>
+
 namespace zolva {
 
 /// The sum of the home screen, and its cards as rows. Main thread; the model outlives it.
@@ -46,7 +49,37 @@ Q_SIGNALS:
     void changed();
 
 private:
+    struct HomeCard
+    {
+        QString name;
+        QString sub;
+        QString size;
+        bool muted = false;
+        const char* go = nullptr;
+
+        friend bool operator==(const HomeCard&, const HomeCard&) = default;
+    };
+    enum Place : std::size_t
+    {
+        CleanPlace,
+        PurgePlace,
+        InstallerPlace,
+        UninstallPlace,
+        CardCount
+    };
+
+    // Each adds up its part once per change, and tells it.
+    void recountClean();
+    void recountPurge();
+    void recountInstallers();
+    void recountApps();
+    void setCard(Place place, const HomeCard& card);
+
     AppModel& m_model;
+    std::array<HomeCard, CardCount> m_cards;
+    std::int64_t m_cleanBytes = 0; ///< these are 0 where no scan is held
+    std::int64_t m_purgeBytes = 0;
+    std::int64_t m_installerBytes = 0;
 };
 
 } // namespace zolva

@@ -31,7 +31,8 @@ public:
     [[nodiscard]] QString keepGoingTitle() const;
     [[nodiscard]] QString stopAndQuitTitle() const;
 
-    /// Somebody wants to quit: `quit` follows at once, or the alert is up.
+    /// Somebody wants to quit: `quit` follows at once, or the alert is up. Nothing more happens
+    /// where the end is only waiting for the run.
     Q_INVOKABLE void ask();
     Q_INVOKABLE void keepGoing();
     Q_INVOKABLE void stopAndQuit(); ///< `quit` follows when the run has ended
@@ -45,6 +46,7 @@ private:
 
     QuitGuard m_guard;
     bool m_isAsking = false;
+    bool m_isLeaving = false;
 };
 
 } // namespace zolva

@@ -2,9 +2,14 @@
 
 #include "core/AppModel.h"
 
+#include "screens/model/NavItem.h"
+
 #include <QAbstractListModel>
 #include <QQmlEngine>
 #include <QString>
+
+#include <array>
+#include <string>
 
 namespace zolva {
 
@@ -49,10 +54,15 @@ Q_SIGNALS:
     void trashChanged();
 
 private:
-    [[nodiscard]] QString chip(const char* id) const;
-    void tell(int role);
+    void recountClean();
+    void recountPurge();
+    void recountInstallers();
+    void setChip(std::string_view id, const QString& chip);
+    void followScreen();
 
     AppModel& m_model;
+    std::array<QString, navItems.size()> m_chips; ///< added up once per change
+    std::string m_screen;
 };
 
 } // namespace zolva

@@ -6,6 +6,7 @@
 #include <QQmlEngine>
 #include <QStringList>
 
+#include <string>
 #include <vector>
 
 namespace zolva {
@@ -34,9 +35,12 @@ Q_SIGNALS:
     void currentChanged();
 
 private:
+    void follow();
+
     AppModel& m_model;
     std::string m_screen;
     std::vector<SortKey> m_keys;
+    SortKey m_key; ///< as it was told last
 };
 
 } // namespace zolva

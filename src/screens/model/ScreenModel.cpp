@@ -1,0 +1,47 @@
+#include "screens/model/ScreenModel.h"
+
+#include "files/HomeFolder.h"
+
+#include "screens/model/ShownText.h"
+
+namespace zolva {
+
+ScreenModel::ScreenModel(AppModel& model, Clock& clock, QObject* parent)
+    : QObject(parent), m_model(model), m_sidebar(model), m_home(model), m_clean(model),
+      m_confirm(model), m_bulk(model), m_access(model), m_quit(model, clock)
+{
+    connect(&model, &AppModel::screenChanged, this, &ScreenModel::screenChanged);
+    connect(&model, &AppModel::isLightThemeChanged, this, &ScreenModel::lightThemeChanged);
+}
+
+QString ScreenModel::screen() const
+{
+    return QString::fromStdString(m_model.screen());
+}
+
+bool ScreenModel::lightTheme() const
+{
+    return m_model.isLightTheme();
+}
+
+QString ScreenModel::homeFolder() const
+{
+    return shownText(zolva::homeFolder());
+}
+
+void ScreenModel::go(const QString& screen)
+{
+    m_model.go(screen.toStdString());
+}
+
+void ScreenModel::runToast(const QUuid& id)
+{
+    m_model.toasts().runAction(id);
+}
+
+void ScreenModel::dismissToast(const QUuid& id)
+{
+    m_model.toasts().dismissToast(id);
+}
+
+} // namespace zolva
