@@ -11,31 +11,38 @@ import Zolva.Screens.Status
 import Zolva.Screens.Uninstall
 
 // The page of the screen that was chosen; made anew at each visit.
-Loader {
+FocusScope {
     id: router
 
     required property ScreenModel model
+    readonly property Item item: loader.item
 
-    sourceComponent: {
-        switch (router.model.screen) {
-        case "home":
-            return home;
-        case "clean":
-            return clean;
-        case "analyze":
-            return analyze;
-        case "status":
-            return status;
-        case "purge":
-            return purge;
-        case "uninstall":
-            return uninstall;
-        case "installer":
-            return installer;
-        case "settings":
-            return settings;
-        default:
-            return home;
+    Loader {
+        id: loader
+
+        anchors.fill: parent
+        focus: true
+        sourceComponent: {
+            switch (router.model.screen) {
+            case "home":
+                return home;
+            case "clean":
+                return clean;
+            case "analyze":
+                return analyze;
+            case "status":
+                return status;
+            case "purge":
+                return purge;
+            case "uninstall":
+                return uninstall;
+            case "installer":
+                return installer;
+            case "settings":
+                return settings;
+            default:
+                return home;
+            }
         }
     }
 
