@@ -11,6 +11,7 @@ PointerButton {
     property string symbol: "arrow.up.arrow.down"
     property list<string> entries
     property int current: -1
+    readonly property alias menu: menu
 
     signal chosen(int place)
 
@@ -56,6 +57,7 @@ PointerButton {
 
         x: button.width - width
         y: button.height + 4
+        onClosed: button.forceActiveFocus(Qt.PopupFocusReason)
 
         Repeater {
             model: button.entries
@@ -64,8 +66,7 @@ PointerButton {
                 required property int index
                 required property string modelData
 
-                checkable: true
-                checked: index === button.current
+                current: index === button.current
                 text: modelData
                 onTriggered: button.chosen(index)
             }

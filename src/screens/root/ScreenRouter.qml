@@ -11,17 +11,13 @@ import Zolva.Screens.Status
 import Zolva.Screens.Uninstall
 
 // The page of the screen that was chosen; made anew at each visit.
-FocusScope {
+Item {
     id: router
 
     required property ScreenModel model
-    readonly property Item item: loader.item
 
     Loader {
-        id: loader
-
         anchors.fill: parent
-        focus: true
         sourceComponent: {
             switch (router.model.screen) {
             case "home":
