@@ -190,6 +190,26 @@ TEST(RunOnDisk, EmptyingTakesWhatWasListedAndWhatADeathLeftOutOfSight)
     EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
 }
 
+TEST(RunOnDisk, WhatADeathLeftOutOfSightGoesAlsoFromAnEmptyTrash)
+{
+    DiskBench b;
+    b.text(".local/share/Trash/expunged/zolva-0/deep", "2");
+    b.home.tree.folder("home/.local/share/Trash/files");
+    settled(emptyTrash(b.tools()));
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
+    EXPECT_THAT(b.bench.toastTexts(), ElementsAre("info: The Trash is already empty."));
+}
+
+TEST(RunOnDisk, WhatADeathLeftOutOfSightGoesWithTheNextPermanentRun)
+{
+    DiskBench b;
+    b.bench.keepInTrash = false;
+    b.text(".local/share/Trash/expunged/zolva-0/deep", "2");
+    b.text("Caches/one", "1");
+    EXPECT_EQ(b.run({"~/Caches/one"}).purged, 1);
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
+}
+
 TEST(RunOnDisk, AnEntryThatWasExchangedSinceTheListingIsNotDeleted)
 {
     DiskBench b;
