@@ -1,32 +1,24 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Layouts
 import Zolva.Kit
 
-// What a page's selection can be used for, in a row at the page's lower edge.
+// What a page's selection can be used for, at the page's lower edge.
 Item {
     id: bar
 
-    default property alias content: row.data
+    default property alias content: column.data
 
-    implicitHeight: row.implicitHeight + 39
-    implicitWidth: row.implicitWidth + 80
+    implicitHeight: column.height + 39
 
     Separator {
         width: bar.width
     }
 
-    RowLayout {
-        id: row
+    Column {
+        id: column
 
-        spacing: 12
-
-        anchors {
-            fill: parent
-            leftMargin: 40
-            rightMargin: 40
-            topMargin: 17
-            bottomMargin: 22
-        }
+        width: bar.width - 80
+        x: 40
+        y: 17
     }
 }

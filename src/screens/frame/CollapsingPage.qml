@@ -1,5 +1,6 @@
-pragma ComponentBehavior: Bound
+// Not bound: the list views of Qt 6.4 refuse bound components as their header and footer.
 import QtQuick
+import QtQuick.Templates as T
 import Zolva.Frame
 import Zolva.Kit
 
@@ -14,9 +15,10 @@ FocusScope {
     property Component trailing: null
     /// Between the head and the rows.
     property Component header: null
+    /// Below the rows.
+    property Component footer: null
     property alias model: list.model
     property alias delegate: list.delegate
-    property alias footer: list.footer
     readonly property alias listView: list
     readonly property real offset: list.contentY - list.originY
     readonly property real progress: {
@@ -76,6 +78,14 @@ FocusScope {
             }
         }
 
+        footer: Loader {
+            sourceComponent: page.footer
+            width: list.width
+        }
+        T.ScrollBar.vertical: PageScrollBar {
+            topPadding: bar.height + 3
+        }
+
         onContentYChanged: atTop = contentY <= originY + 0.5
         onOriginYChanged: {
             if (atTop)
@@ -83,11 +93,6 @@ FocusScope {
         }
         Keys.onUpPressed: event => event.accepted = reach.step(false)
         Keys.onDownPressed: event => event.accepted = reach.step(true)
-    }
-
-    PageScrollBar {
-        target: list
-        topInset: bar.height
     }
 
     CompactBar {

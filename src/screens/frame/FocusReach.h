@@ -9,7 +9,7 @@ namespace zolva {
 
 /// Follows the keyboard through what is inside one item, so that a page can scroll to it. Main
 /// thread.
-class FocusReach final : public QObject
+class FocusReach : public QObject
 {
     Q_OBJECT
     QML_ELEMENT

@@ -11,6 +11,7 @@ PointerButton {
     property string symbol: "arrow.up.arrow.down"
     property list<string> entries
     property int current: -1
+    readonly property alias menu: menu
 
     signal chosen(int place)
 
@@ -64,8 +65,7 @@ PointerButton {
                 required property int index
                 required property string modelData
 
-                checkable: true
-                checked: index === button.current
+                current: index === button.current
                 text: modelData
                 onTriggered: button.chosen(index)
             }

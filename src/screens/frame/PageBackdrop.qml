@@ -31,23 +31,23 @@ Item {
     /// Smooth where the graphics hardware moves it; else at most eight steps a second.
     readonly property int stepTime: 125
 
+    function move(milliseconds: real) {
+        phase = (phase + milliseconds / Motion.backdrop) % 2;
+    }
+
     Accessible.ignored: true
     clip: true
 
-    NumberAnimation on phase {
-        duration: 2 * Motion.backdrop
-        from: 0
-        loops: Animation.Infinite
-        paused: !backdrop.drifts
-        running: !Motion.software
-        to: 2
+    FrameAnimation {
+        running: backdrop.drifts && !Motion.software
+        onTriggered: backdrop.move(Math.min(100, frameTime * 1000))
     }
 
     Timer {
         interval: backdrop.stepTime
         repeat: true
         running: backdrop.drifts && Motion.software
-        onTriggered: backdrop.phase = (backdrop.phase + interval / Motion.backdrop) % 2
+        onTriggered: backdrop.move(interval)
     }
 
     BlurredSymbol {

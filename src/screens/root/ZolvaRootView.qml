@@ -17,6 +17,12 @@ FocusScope {
 
     signal closeWanted
 
+    // The overlay has had the focus; it goes back to where it was.
+    onIsCoveredChanged: {
+        if (!isCovered)
+            Qt.callLater(desk.forceActiveFocus, Qt.PopupFocusReason);
+    }
+
     Binding {
         property: "light"
         target: Theme
@@ -30,6 +36,8 @@ FocusScope {
 
     // Nothing under an overlay can be pressed, hovered or come to by the keyboard.
     FocusScope {
+        id: desk
+
         anchors.fill: parent
         enabled: !root.isCovered
         focus: true
