@@ -88,7 +88,7 @@ Rectangle {
         }
 
         T.ScrollBar.vertical: PageScrollBar {
-            alwaysShown: true
+            policy: T.ScrollBar.AlwaysOn
         }
     }
 
