@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace zolva::test {
 
@@ -185,9 +186,12 @@ TEST_F(ColorScheme, StaysWhenThePortalVanishes)
 TEST_F(ColorScheme, FollowsThePaletteWhereOnlyThatTells)
 {
     PortalColorScheme scheme(noBus());
-    EXPECT_EQ(changesDuring(scheme, [&] { const ScopedPalette dark(Qt::white, Qt::black); }), 1);
-    EXPECT_EQ(scheme.isDark(), true);
-    pumpOnce();
+    {
+        std::optional<ScopedPalette> dark;
+        EXPECT_EQ(changesDuring(scheme, [&dark] { dark.emplace(Qt::white, Qt::black); }), 1);
+        EXPECT_EQ(scheme.isDark(), true);
+        EXPECT_EQ(changesDuring(scheme, [&dark] { dark.reset(); }), 1);
+    }
     EXPECT_EQ(scheme.isDark(), false);
 }
 

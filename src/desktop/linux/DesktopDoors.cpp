@@ -4,12 +4,12 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QStringList>
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace zolva {
@@ -45,7 +45,8 @@ bool openUri(const QString& uri, const QByteArray& mimeType)
 
 bool isFolder(const std::string& path)
 {
-    return QFileInfo(QFile::decodeName(QByteArray::fromStdString(path))).isDir();
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
 }
 
 } // namespace
