@@ -44,9 +44,12 @@ class WindowCase(unittest.TestCase):
     def start(self, **how):
         """Starts the program and waits for its window."""
         self.process = self.world.start_program(**how)
-        self.application = self.wait(lambda: self.bus.application(self.process.pid),
-                                     "the program on the accessibility bus")
+        self.application = self.wait(self._registered, "the program on the accessibility bus")
         return self.wait(self.window, "the window")
+
+    def _registered(self):
+        self.assert_goes_on()
+        return self.bus.application(self.process.pid)
 
     def window(self):
         shown = self.application.shown_children()
@@ -61,7 +64,8 @@ class WindowCase(unittest.TestCase):
         self.assertEqual(self.world.said(), "")
 
     def assert_goes_on(self):
-        self.assertIsNone(self.process.poll(), "the program ended: " + self.world.said())
+        if self.process.poll() is not None:
+            self.fail("the program ended with %d" % self.process.returncode)
 
     # Looking
 
