@@ -142,6 +142,9 @@ TestCase {
     function test_aWindowThatIsNotInFrontDriftsNothing() {
         const window = createTemporaryObject(windows, test);
         const other = createTemporaryObject(windows, test);
+        // A window that hangs on another is active whenever that one is.
+        window.transientParent = null;
+        other.transientParent = null;
         window.show();
         window.requestActivate();
         tryVerify(() => window.backdrop.phase > 0);
@@ -174,8 +177,6 @@ TestCase {
 
         Window {
             property alias backdrop: backdrop
-
-            transientParent: null
 
             height: 300
             width: 300

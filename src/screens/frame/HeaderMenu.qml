@@ -57,6 +57,7 @@ PointerButton {
 
         x: button.width - width
         y: button.height + 4
+        onClosed: button.forceActiveFocus(Qt.PopupFocusReason)
 
         Repeater {
             model: button.entries

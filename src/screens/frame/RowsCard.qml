@@ -7,16 +7,16 @@ Card {
     id: card
 
     required property ListView view
-    readonly property real top: view.headerItem ? view.headerItem.y + view.headerItem.height
+    readonly property real rowsTop: view.headerItem ? view.headerItem.y + view.headerItem.height
                                                 : view.originY
-    readonly property real below: view.footerItem ? view.footerItem.height : 0
+    readonly property real footerHeight: view.footerItem ? view.footerItem.height : 0
 
     Accessible.ignored: true
-    height: view.originY + view.contentHeight - below - top
+    height: view.originY + view.contentHeight - footerHeight - rowsTop
     parent: view.contentItem
     visible: view.count > 0
     width: view.width - 80
     x: 40
-    y: top
+    y: rowsTop
     z: -1
 }

@@ -48,7 +48,8 @@ Column {
         id: row
 
         active: entry.active
-        activeFocusOnTab: entry.isCurrent
+        // One that has the focus cannot be left out of the chain of it.
+        activeFocusOnTab: entry.isCurrent || activeFocus
         chip: entry.chip
         focus: entry.isCurrent
         label: entry.label

@@ -8,7 +8,7 @@ import Zolva.Model
 Item {
     id: row
 
-    required property ScreenModel stack
+    required property ScreenModel screens
     required property string toastId
     required property string kind
     required property string text
@@ -66,7 +66,7 @@ Item {
         text: row.text
         width: implicitWidth
         x: row.width - width + (1 - row.arrival) * (width + 20)
-        onAction: row.stack.runToast(row.toastId)
-        onDismiss: row.stack.dismissToast(row.toastId)
+        onAction: row.screens.runToast(row.toastId)
+        onDismiss: row.screens.dismissToast(row.toastId)
     }
 }

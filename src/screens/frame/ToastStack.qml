@@ -27,7 +27,7 @@ Item {
         y: stack.height - contentHeight - 20
 
         delegate: ToastRow {
-            stack: stack.model
+            screens: stack.model
             width: list.width
         }
         displaced: Transition {

@@ -11,31 +11,34 @@ import Zolva.Screens.Status
 import Zolva.Screens.Uninstall
 
 // The page of the screen that was chosen; made anew at each visit.
-Loader {
+Item {
     id: router
 
     required property ScreenModel model
 
-    sourceComponent: {
-        switch (router.model.screen) {
-        case "home":
-            return home;
-        case "clean":
-            return clean;
-        case "analyze":
-            return analyze;
-        case "status":
-            return status;
-        case "purge":
-            return purge;
-        case "uninstall":
-            return uninstall;
-        case "installer":
-            return installer;
-        case "settings":
-            return settings;
-        default:
-            return home;
+    Loader {
+        anchors.fill: parent
+        sourceComponent: {
+            switch (router.model.screen) {
+            case "home":
+                return home;
+            case "clean":
+                return clean;
+            case "analyze":
+                return analyze;
+            case "status":
+                return status;
+            case "purge":
+                return purge;
+            case "uninstall":
+                return uninstall;
+            case "installer":
+                return installer;
+            case "settings":
+                return settings;
+            default:
+                return home;
+            }
         }
     }
 
