@@ -10,9 +10,9 @@ Item {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        sourceComponent: screen.model.clean.page === CleanModel.List ? list : welcome
+        component: screen.model.clean.page === CleanModel.List ? list : welcome
     }
 
     Component {

@@ -10,9 +10,9 @@ Item {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        sourceComponent: screen.model.home.isWelcome ? welcome : page
+        component: screen.model.home.isWelcome ? welcome : page
     }
 
     Component {
