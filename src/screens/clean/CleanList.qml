@@ -1,4 +1,4 @@
-// Not bound: the loaders of Qt 6.4 refuse bound components.
+pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
@@ -32,7 +32,7 @@ FocusScope {
             width: ListView.view.width
         }
         footer: Item {
-            height: 24
+            implicitHeight: 24
         }
         header: Component {
             CleanSummary {

@@ -1,4 +1,4 @@
-// Not bound: the loaders of Qt 6.4 refuse bound components.
+pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
@@ -10,10 +10,9 @@ FocusScope {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        focus: true
-        sourceComponent: screen.model.clean.page === CleanModel.List ? list : welcome
+        component: screen.model.clean.page === CleanModel.List ? list : welcome
     }
 
     Component {
