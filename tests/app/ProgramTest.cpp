@@ -14,6 +14,7 @@
 #include <sys/stat.h>
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -100,12 +101,15 @@ void signalTo(const QProcess& process, int signal)
     ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), signal), 0);
 }
 
-/// 0 while nothing stands there.
-ino_t inodeOf(const std::string& path)
+/// When what stands at the path was made; nothing while there is nothing.
+std::optional<std::int64_t> madeAt(const std::string& path)
 {
     struct stat status
     {};
-    return ::lstat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+    if (::lstat(path.c_str(), &status) != 0) {
+        return std::nullopt;
+    }
+    return std::int64_t{status.st_ctim.tv_sec} * 1'000'000'000 + status.st_ctim.tv_nsec;
 }
 
 void awaitName(PrivateBus& bus, bool there)
@@ -202,14 +206,13 @@ TEST(Program, StartsAgainAfterOneThatWasKilled)
     Session session;
     const std::string socket = session.path("run/zolva.socket");
     const auto first = session.begin({});
-    pumpUntil([&socket] { return inodeOf(socket) != 0; }, std::chrono::seconds(60));
-    const ino_t left = inodeOf(socket);
+    pumpUntil([&socket] { return madeAt(socket).has_value(); }, std::chrono::seconds(60));
+    const auto left = madeAt(socket);
     signalTo(*first, SIGKILL);
     EXPECT_EQ(ending(*first).code, -1);
-    ASSERT_EQ(inodeOf(socket), left);
+    ASSERT_EQ(madeAt(socket), left);
     const auto next = session.begin({});
-    pumpUntil([&] { return inodeOf(socket) != 0 && inodeOf(socket) != left; },
-              std::chrono::seconds(60));
+    pumpUntil([&] { return madeAt(socket) && madeAt(socket) != left; }, std::chrono::seconds(60));
     const auto third = session.begin({});
     EXPECT_EQ(ending(*third).code, 0);
     ASSERT_EQ(next->state(), QProcess::Running);
