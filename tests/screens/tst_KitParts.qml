@@ -112,7 +112,7 @@ Rectangle {
             let white = 0;
             for (let y = 5; y < 14; ++y)
                 for (let x = 5; x < 14; ++x)
-                    white += on.red(x, y) > 180 ? 1 : 0;
+                    white += on.red(x, y) > 100 ? 1 : 0;
             verify(white > 5, "a white mark, " + white);
         }
 
