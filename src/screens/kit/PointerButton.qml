@@ -32,12 +32,12 @@ T.AbstractButton {
     Accessible.checkable: checkable
     Accessible.checked: checked
     Accessible.description: spokenValue && spokenHint ? spokenValue + ". " + spokenHint : spokenValue + spokenHint
-    Accessible.focusable: true
+    Accessible.focusable: enabled // Qt before 6.5 tells nothing more of a disabled item
     Accessible.name: spokenName
     Accessible.role: Accessible.Button
     Keys.onEnterPressed: event => button.pressByKey(event)
     Keys.onReturnPressed: event => button.pressByKey(event)
-    activeFocusOnTab: true
+    activeFocusOnTab: enabled
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
