@@ -1,6 +1,6 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Frame
 import Zolva.Kit
 import Zolva.Model
@@ -12,37 +12,41 @@ ActionBar {
 
     required property ScreenModel model
     readonly property CleanModel clean: model.clean
+    readonly property bool isBusy: model.bulk.present
+
+    height: implicitHeight
 
     BulkProgressView {
         bulk: bar.model.bulk
-        visible: bar.model.bulk.present
+        enabled: bar.isBusy
+        focus: bar.isBusy
+        height: implicitHeight
+        visible: bar.isBusy
         width: parent.width
 
         onStop: bar.model.bulk.requestCancel()
     }
 
-    Item {
-        height: button.height
-        visible: !bar.model.bulk.present
+    RowLayout {
+        enabled: !bar.isBusy
+        spacing: 16
+        visible: !bar.isBusy
         width: parent.width
 
         Label {
-            anchors.left: parent.left
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
+            Layout.maximumWidth: 420
             color: Theme.palette.label3
             size: 13
             text: bar.clean.note
-            width: Math.min(420, selectLink.x - 16)
             wrapMode: Text.Wrap
         }
 
-        LinkButton {
-            id: selectLink
+        Item {
+            Layout.fillWidth: true
+        }
 
-            anchors.right: button.left
-            anchors.rightMargin: 18
-            anchors.verticalCenter: parent.verticalCenter
-            color: Theme.palette.accent
+        LinkButton {
             font: Face.text(13)
             hoverColor: Theme.palette.accentHover
             title: bar.clean.selectWord
@@ -51,12 +55,9 @@ ActionBar {
         }
 
         PillButton {
-            id: button
-
-            anchors.right: parent.right
             enabled: bar.clean.canClean
             font: Face.text(13.5, Font.DemiBold)
-            opacity: bar.clean.canClean ? 1 : 0.45
+            opacity: enabled ? 1 : 0.45
             radius: 9
             role: PillButton.Accent
             title: bar.clean.buttonTitle

@@ -1,32 +1,38 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Zolva.Frame
-import Zolva.Kit
 import Zolva.Model
+import Zolva.Screens.Clean
 
 // The rows, what of them is ticked, and what can be done with it.
-Item {
+FocusScope {
     id: list
 
     required property ScreenModel model
     readonly property CleanModel clean: model.clean
+    readonly property bool isBusy: model.bulk.present
+    readonly property alias page: page
+    readonly property alias bar: bar
 
     CollapsingPage {
-        anchors.bottom: bar.top
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: parent.top
+        id: page
+
         canRescan: true
-        enabled: !list.model.bulk.present
+        enabled: !list.isBusy
+        focus: true
+        height: bar.y
         model: list.clean.rows
-        opacity: list.model.bulk.present ? 0.5 : 1
+        opacity: list.isBusy ? 0.5 : 1
         subtitle: list.clean.subtitle
         title: "Clean"
+        width: list.width
 
         delegate: CleanRow {
             clean: list.clean
             width: ListView.view.width
+        }
+        footer: Item {
+            height: 24
         }
         header: Component {
             CleanSummary {
@@ -46,11 +52,15 @@ Item {
         onRescan: list.clean.rescan()
     }
 
+    RowsCard {
+        view: page.listView
+    }
+
     CleanBar {
         id: bar
 
-        anchors.bottom: parent.bottom
         model: list.model
-        width: parent.width
+        width: list.width
+        y: list.height - height
     }
 }

@@ -1,11 +1,11 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Zolva.Kit
 import Zolva.Model
+import Zolva.Screens.Clean
 
 // One category; its paths below it while it is open.
-Item {
+FocusScope {
     id: row
 
     required property CleanModel clean
@@ -22,83 +22,71 @@ Item {
     required property string spokenValue
     required property list<pathLine> lines
     required property string more
+    /// The one that the Tab key comes to.
+    readonly property bool isCurrent: ListView.isCurrentItem || (index === 0
+                                                                 && ListView.view.currentIndex < 0)
     readonly property bool isLast: index === ListView.view.count - 1
 
-    height: head.height + (open ? paths.height : 0) + 1
+    function stepTo(place: int) {
+        const view = ListView.view;
+        view.currentIndex = place;
+        (view.currentItem as CleanRow).takeFocus();
+    }
 
-    PointerButton {
+    /// What cannot be ticked can still be opened.
+    function takeFocus() {
+        (tickable ? head : opener).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function setOpen(wanted: bool) {
+        if (open !== wanted)
+            clean.toggleOpen(rowId);
+    }
+
+    implicitHeight: head.height + paths.height
+
+    Keys.onDownPressed: event => {
+        event.accepted = !isLast;
+        if (!isLast)
+            stepTo(index + 1);
+    }
+    Keys.onLeftPressed: setOpen(false)
+    Keys.onRightPressed: setOpen(true)
+    Keys.onUpPressed: event => {
+        event.accepted = index > 0;
+        if (index > 0)
+            stepTo(index - 1);
+    }
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (event.accepted)
+            stepTo(event.key === Qt.Key_Home ? 0 : ListView.view.count - 1);
+    }
+    // Where the keyboard goes on after the pointer.
+    onActiveFocusChanged: {
+        if (activeFocus)
+            ListView.view.currentIndex = index;
+    }
+
+    CleanRowHead {
         id: head
 
-        activeFocusOnTab: row.ListView.isCurrentItem
-        checkable: false
+        activeFocusOnTab: row.isCurrent
+        desc: row.desc
         enabled: row.tickable
-        height: 62
-        ringRadius: 10
-        spokenHint: "Include this category in the next clean"
-        spokenName: row.name
+        focus: row.tickable
+        name: row.name
+        openerHovered: opener.hovering
         spokenValue: row.spokenValue
+        ticked: row.ticked
+        trailing: row.trailing
+        trailingKind: row.trailingKind
         width: row.width - 80
         x: 40
 
-        Accessible.checkable: row.tickable
-        Accessible.checked: row.ticked && row.tickable
-
-        onClicked: row.clean.pick(row.rowId, head.shiftHeld)
-
-        HoverFill {
-            anchors.fill: parent
-            anchors.leftMargin: -10
-            anchors.rightMargin: -10
-            base: "transparent"
-            hover: Theme.palette.well
-            hovering: head.hovering
-            radius: 10
-        }
-
-        CheckBox {
-            id: box
-
-            anchors.verticalCenter: parent.verticalCenter
-            dimmed: !row.tickable
-            on: row.ticked && row.tickable
-        }
-
-        Column {
-            anchors.left: box.right
-            anchors.leftMargin: 14
-            anchors.right: amount.left
-            anchors.rightMargin: 16
-            anchors.verticalCenter: parent.verticalCenter
-            spacing: 3
-
-            Label {
-                elide: Text.ElideRight
-                size: 14
-                text: row.name
-                weight: Font.Medium
-                width: parent.width
-            }
-
-            Label {
-                color: Theme.palette.label2
-                elide: Text.ElideRight
-                size: 12.5
-                text: row.desc
-                width: parent.width
-            }
-        }
-
-        Label {
-            id: amount
-
-            anchors.right: parent.right
-            anchors.rightMargin: 40
-            anchors.verticalCenter: parent.verticalCenter
-            color: row.trailingKind === CleanRows.Size ? Theme.palette.label : Theme.palette.label3
-            size: row.trailingKind === CleanRows.Size ? 14 : row.trailingKind
-                  === CleanRows.NeedsPassword ? 12.5 : 12
-            text: row.trailing
-            weight: row.trailingKind === CleanRows.Size ? Font.DemiBold : Font.Normal
+        onClicked: {
+            row.ListView.view.currentIndex = row.index;
+            row.clean.pick(row.rowId, shiftHeld);
         }
     }
 
@@ -106,42 +94,47 @@ Item {
     PointerButton {
         id: opener
 
-        activeFocusOnTab: row.ListView.isCurrentItem
-        anchors.right: head.right
+        activeFocusOnTab: row.isCurrent
+        focus: !row.tickable
         height: head.height
-        ringRadius: 8
+        ringInset: 8
+        ringRadius: 15
         spokenHint: row.open ? "Hides the list of paths" : "Shows the list of paths"
         spokenName: row.name
-        spokenValue: row.detail
-        width: 34
+        width: 48
+        x: head.x + head.width - width
 
         onClicked: row.clean.toggleOpen(row.rowId)
 
         Chevron {
             anchors.centerIn: parent
-            color: Theme.palette.label3
+            color: opener.hovering ? Theme.palette.label : Theme.palette.label3
             open: row.open
             size: 12
         }
     }
 
-    CleanPaths {
+    Loader {
         id: paths
 
-        anchors.top: head.bottom
-        detail: row.detail
-        lines: row.lines
-        more: row.more
-        visible: row.open
-        width: row.width - 80 - 33
-        x: 40 + 33
+        active: row.open
+        height: active ? implicitHeight : 0
+        width: head.width - 51 - 18
+        x: head.x + 51
+        y: head.height
+
+        sourceComponent: CleanPaths {
+            detail: row.detail
+            lines: row.lines
+            more: row.more
+        }
     }
 
     Separator {
-        anchors.bottom: parent.bottom
         color: Theme.palette.sep2
         visible: !row.isLast
-        width: row.width - 80
-        x: 40
+        width: head.width - 51
+        x: head.x + 51
+        y: row.height - 1
     }
 }

@@ -1,24 +1,26 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
+import Zolva.Screens.Clean
 
 // The categories of what the machine makes anew by itself.
-Item {
+FocusScope {
     id: screen
 
     required property ScreenModel model
 
-    Slot {
+    Loader {
         anchors.fill: parent
-        component: screen.model.clean.page === CleanModel.List ? list : welcome
+        focus: true
+        sourceComponent: screen.model.clean.page === CleanModel.List ? list : welcome
     }
 
     Component {
         id: welcome
 
         WelcomePage {
+            focus: true
             icon: "wand.and.sparkles"
             message: "Zolva looks through your caches, logs and build artifacts, the things macOS rebuilds on its own."
             scanning: screen.model.clean.page === CleanModel.Scanning
@@ -34,6 +36,7 @@ Item {
         id: list
 
         CleanList {
+            focus: true
             model: screen.model
         }
     }

@@ -1,5 +1,4 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Zolva.Kit
 import Zolva.Model
@@ -20,11 +19,11 @@ Item {
         x: 40
 
         Item {
-            height: sizeText.height
+            height: amount.height
             width: parent.width
 
             Label {
-                id: sizeText
+                id: amount
 
                 size: 22
                 text: summary.clean.selectedSize
@@ -33,29 +32,30 @@ Item {
             }
 
             Label {
-                anchors.baseline: sizeText.baseline
-                anchors.left: sizeText.right
+                anchors.baseline: amount.baseline
+                anchors.left: amount.right
                 anchors.leftMargin: 10
+                anchors.right: parent.right
                 color: Theme.palette.label2
+                elide: Text.ElideRight
                 size: 13
                 text: summary.clean.selectedCount
             }
         }
 
         Card {
-            height: emptyText.height + 36
+            height: nothing.height
             visible: summary.clean.isEmpty
             width: parent.width
 
             Label {
-                id: emptyText
+                id: nothing
 
+                padding: 18
                 size: 13
                 text: "Nothing to clean right now. Your caches are already at their floor."
-                width: parent.width - 36
+                width: parent.width
                 wrapMode: Text.Wrap
-                x: 18
-                y: 18
             }
         }
     }

@@ -7,7 +7,7 @@
 namespace zolva {
 
 /// Tells assistive technology of something that has just come up by itself. Main thread.
-class Announcement final : public QObject
+class Announcement : public QObject
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,9 +1,9 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
+import Zolva.Screens.Home
 import Zolva.Sheets
 
 // The sum in large letters, what it lacks, and a card for each of the ways.
@@ -12,53 +12,43 @@ Item {
 
     required property ScreenModel model
 
-    implicitHeight: column.height + 8 + 32
+    implicitHeight: column.implicitHeight + 40
 
-    Column {
+    ColumnLayout {
         id: column
 
+        spacing: 0
         width: parent.width - 80
         x: 40
         y: 8
 
         Label {
-            lineHeight: 1.06
+            Accessible.role: Accessible.Heading
+            Layout.fillWidth: true
             size: 40
             text: body.model.home.heading
             tracking: -1
             weight: Font.Bold
-            width: parent.width
             wrapMode: Text.Wrap
-
-            Accessible.role: Accessible.Heading
-        }
-
-        Item {
-            height: 15
-            width: 1
         }
 
         Label {
+            Layout.fillWidth: true
+            Layout.maximumWidth: 460
+            Layout.topMargin: 15
             color: Theme.palette.label2
-            lineHeight: 1.2
+            lineHeight: 1.15
             size: 15
             text: "Scanned live with mo across your caches, project folders and downloads. Nothing is deleted, every command previews first."
-            width: Math.min(460, parent.width)
             wrapMode: Text.Wrap
         }
 
-        Item {
-            height: 26
-            width: 1
-        }
-
-        Row {
+        RowLayout {
+            Layout.topMargin: 26
             spacing: 10
 
             PillButton {
-                hpad: 22
-                pillHeight: 38
-                radius: 9
+                font: Face.text(13.5, Font.DemiBold)
                 role: PillButton.Accent
                 title: "Rescan"
 
@@ -66,9 +56,8 @@ Item {
             }
 
             PillButton {
+                font: Face.text(13.5, Font.Medium)
                 hpad: 18
-                pillHeight: 38
-                radius: 9
                 role: PillButton.Neutral
                 title: "Review Clean"
 
@@ -76,34 +65,24 @@ Item {
             }
         }
 
-        Item {
-            height: 30
-            visible: notice.visible
-            width: 1
-        }
-
         AccessNotice {
-            id: notice
-
+            Layout.fillWidth: true
+            Layout.topMargin: 30
             access: body.model.access
-            width: parent.width
-        }
-
-        Item {
-            height: 26
-            width: 1
         }
 
         GridLayout {
+            Layout.fillWidth: true
+            Layout.topMargin: 26
             columnSpacing: 14
             columns: 2
             rowSpacing: 14
-            width: parent.width
 
             Repeater {
                 model: body.model.home
 
-                HomeCard {
+                delegate: HomeCard {
+                    Layout.fillHeight: true
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
 

@@ -1,6 +1,6 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 
 // One way to reclaim; the whole card is the button.
@@ -14,7 +14,7 @@ PointerButton {
     required property string symbol
     required property string goTo
 
-    implicitHeight: Math.max(38, words.height) + 40
+    implicitHeight: row.implicitHeight + 40
     ringRadius: 12
     spokenName: name
     spokenValue: sub + ", " + size
@@ -27,60 +27,58 @@ PointerButton {
         radius: 12
     }
 
-    Item {
-        id: icon
+    RowLayout {
+        id: row
 
-        anchors.left: parent.left
-        anchors.leftMargin: 22
         anchors.verticalCenter: parent.verticalCenter
-        height: 38
-        width: 34
+        spacing: 14
+        width: parent.width - 44
+        x: 22
 
-        Symbol {
-            anchors.centerIn: parent
-            color: Theme.palette.accent
-            name: card.symbol
-            size: 24
-            weight: Font.Medium
+        Item {
+            Layout.preferredHeight: 38
+            Layout.preferredWidth: 34
+
+            Symbol {
+                anchors.centerIn: parent
+                color: Theme.palette.accent
+                name: card.symbol
+                size: 24
+                weight: Font.Medium
+            }
         }
-    }
 
-    Column {
-        id: words
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 7
 
-        anchors.left: icon.right
-        anchors.leftMargin: 14
-        anchors.right: sizeText.left
-        anchors.rightMargin: 14
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: 7
+            Label {
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                elide: Text.ElideRight
+                size: 14
+                text: card.name
+                weight: Font.DemiBold
+            }
+
+            Label {
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                color: Theme.palette.label2
+                elide: Text.ElideRight
+                maximumLineCount: 2
+                size: 12.5
+                text: card.sub
+                wrapMode: Text.Wrap
+            }
+        }
 
         Label {
-            elide: Text.ElideRight
-            size: 14
-            text: card.name
+            Accessible.ignored: true
+            color: card.muted ? Theme.palette.label3 : Theme.palette.label
+            size: 16
+            text: card.size
             weight: Font.DemiBold
-            width: parent.width
         }
-
-        Label {
-            color: Theme.palette.label2
-            elide: Text.ElideRight
-            size: 12.5
-            text: card.sub
-            width: parent.width
-        }
-    }
-
-    Label {
-        id: sizeText
-
-        anchors.right: parent.right
-        anchors.rightMargin: 22
-        anchors.verticalCenter: parent.verticalCenter
-        color: card.muted ? Theme.palette.label3 : Theme.palette.label
-        size: 16
-        text: card.size
-        weight: Font.DemiBold
     }
 }

@@ -1,27 +1,28 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
+import Zolva.Screens.Home
 
 // What can be reclaimed in all, and the ways to it.
-Item {
+FocusScope {
     id: screen
 
     required property ScreenModel model
 
-    Slot {
+    Loader {
         anchors.fill: parent
-        component: screen.model.home.isWelcome ? welcome : page
+        focus: true
+        sourceComponent: screen.model.home.isWelcome ? welcome : page
     }
 
     Component {
         id: welcome
 
         WelcomePage {
+            focus: true
             icon: "externaldrive.fill"
             message: "Zolva finds caches, build artifacts, leftover installers and unused apps you can safely reclaim, all in one pass."
-            scanning: false
             title: "Home"
             welcomeTitle: "Scan your Mac"
 
@@ -34,6 +35,7 @@ Item {
 
         CollapsingPage {
             canRescan: true
+            focus: true
             title: "Home"
 
             header: Component {

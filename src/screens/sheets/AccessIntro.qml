@@ -1,8 +1,9 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
+import Zolva.Sheets
 
 // Told once: some places cannot be looked into, and what to do about it.
 OverlayCard {
@@ -17,133 +18,115 @@ OverlayCard {
 
     onCancelled: access.dismissIntro(false)
 
-    Column {
-        width: parent.width
+    Rectangle {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.preferredHeight: 44
+        Layout.preferredWidth: 44
+        color: Theme.palette.accentTint
+        radius: 22
 
-        Rectangle {
-            anchors.horizontalCenter: parent.horizontalCenter
-            color: Theme.palette.accentTint
-            height: 44
-            radius: 22
-            width: 44
-
-            Symbol {
-                anchors.centerIn: parent
-                color: Theme.palette.accent
-                name: "lock.open.fill"
-                size: 30
-            }
+        Symbol {
+            anchors.centerIn: parent
+            color: Theme.palette.accent
+            name: "lock.open.fill"
+            size: 30
         }
+    }
 
-        Item {
-            height: 14
-            width: 1
-        }
+    Label {
+        Accessible.role: Accessible.Heading
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        horizontalAlignment: Text.AlignHCenter
+        size: 15
+        text: "Zolva can't see everything yet"
+        weight: Font.Bold
+        wrapMode: Text.Wrap
+    }
 
-        Label {
-            horizontalAlignment: Text.AlignHCenter
-            size: 15
-            text: "Zolva can't see everything yet"
-            weight: Font.Bold
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
+    Paragraph {
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        text: intro.access.introText
+    }
 
-        Item {
-            height: 14
-            width: 1
-        }
+    ColumnLayout {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.topMargin: 16
+        spacing: 9
 
-        Label {
-            color: Theme.palette.label2
-            horizontalAlignment: Text.AlignHCenter
-            size: 12.5
-            text: intro.access.introText
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
+        Repeater {
+            model: ["Open Privacy & Security → Full Disk Access", "Turn on Zolva in the list",
+                "Come back and scan again"]
 
-        Item {
-            height: 16
-            width: 1
-        }
+            delegate: RowLayout {
+                id: step
 
-        Column {
-            spacing: 9
-            width: parent.width
+                required property int index
+                required property string modelData
 
-            Repeater {
-                model: ["Open Privacy & Security → Full Disk Access", "Turn on Zolva in the list",
-                    "Come back and scan again"]
+                spacing: 9
 
-                Row {
-                    id: step
-
-                    required property int index
-                    required property string modelData
-
-                    spacing: 9
-
-                    Rectangle {
-                        anchors.verticalCenter: parent.verticalCenter
-                        color: Theme.palette.accentTint
-                        height: 16
-                        radius: 8
-                        width: 16
-
-                        Label {
-                            Accessible.ignored: true
-                            anchors.centerIn: parent
-                            color: Theme.palette.accent
-                            size: 11
-                            text: step.index + 1
-                            weight: Font.DemiBold
-                        }
-                    }
+                Rectangle {
+                    Layout.preferredHeight: 16
+                    Layout.preferredWidth: 16
+                    color: Theme.palette.accent
+                    radius: 8
 
                     Label {
-                        anchors.verticalCenter: parent.verticalCenter
-                        size: 12.5
-                        text: step.modelData
+                        Accessible.ignored: true
+                        anchors.centerIn: parent
+                        color: "white"
+                        size: 11
+                        text: step.index + 1
+                        weight: Font.DemiBold
                     }
+                }
+
+                Label {
+                    Layout.fillWidth: true
+                    size: 12.5
+                    text: step.modelData
+                    wrapMode: Text.Wrap
                 }
             }
         }
+    }
 
-        Item {
-            height: 20
-            width: 1
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: 20
+        spacing: 10
+
+        PillButton {
+            id: notNow
+
+            KeyNavigation.right: settings
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.Medium)
+            radius: 8
+            role: PillButton.Neutral
+            spokenHint: "Zolva will report only what it can see"
+            spokenName: "Continue without full access"
+            title: "Not now"
+
+            onClicked: intro.access.dismissIntro(false)
         }
 
-        Row {
-            spacing: 10
-            width: parent.width
+        PillButton {
+            id: settings
 
-            PillButton {
-                id: notNow
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.DemiBold)
+            radius: 8
+            role: PillButton.Accent
+            spokenHint: "Opens Privacy and Security so you can turn on Full Disk Access"
+            spokenName: "Open System Settings"
+            title: "Open Settings"
 
-                font: Face.text(13, Font.Medium)
-                radius: 8
-                role: PillButton.Neutral
-                spokenHint: "Zolva will report only what it can see"
-                spokenName: "Continue without full access"
-                title: "Not now"
-                width: (parent.width - 10) / 2
-
-                onClicked: intro.access.dismissIntro(false)
-            }
-
-            PillButton {
-                font: Face.text(13, Font.DemiBold)
-                radius: 8
-                role: PillButton.Accent
-                spokenHint: "Opens Privacy and Security so you can turn on Full Disk Access"
-                spokenName: "Open System Settings"
-                title: "Open Settings"
-                width: (parent.width - 10) / 2
-
-                onClicked: intro.access.dismissIntro(true)
-            }
+            onClicked: intro.access.dismissIntro(true)
         }
     }
 }

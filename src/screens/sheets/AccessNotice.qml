@@ -1,6 +1,6 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
 
@@ -10,64 +10,57 @@ Card {
 
     required property AccessModel access
 
-    implicitHeight: words.height + 28
-    visible: access.noticeShown
-
     Accessible.name: access.noticeSpoken
     Accessible.role: Accessible.StaticText
+    implicitHeight: row.implicitHeight + 28
+    visible: access.noticeShown
 
-    Symbol {
-        id: lock
+    RowLayout {
+        id: row
 
-        anchors.left: parent.left
-        anchors.leftMargin: 18
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.palette.label2
-        name: "lock.fill"
-        size: 12
-    }
+        spacing: 12
+        width: parent.width - 34
+        x: 18
 
-    Column {
-        id: words
-
-        anchors.left: lock.right
-        anchors.leftMargin: 12
-        anchors.right: button.left
-        anchors.rightMargin: 16
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: 3
-
-        Label {
-            Accessible.ignored: true
-            size: 13
-            text: notice.access.noticeTitle
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
-
-        Label {
-            Accessible.ignored: true
-            color: Theme.palette.label3
+        Symbol {
+            color: Theme.palette.label2
+            name: "lock.fill"
             size: 12
-            text: "macOS is blocking access, so anything there is missing from these totals."
-            width: parent.width
-            wrapMode: Text.Wrap
         }
-    }
 
-    PillButton {
-        id: button
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
 
-        anchors.right: parent.right
-        anchors.rightMargin: 14
-        anchors.verticalCenter: parent.verticalCenter
-        font: Face.text(12.5, Font.Medium)
-        hpad: 14
-        pillHeight: 30
-        radius: 8
-        role: PillButton.Neutral
-        title: "Open Settings"
+            Label {
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                size: 13
+                text: notice.access.noticeTitle
+                weight: Font.Medium
+                wrapMode: Text.Wrap
+            }
 
-        onClicked: notice.access.openSettings()
+            Label {
+                Accessible.ignored: true
+                Layout.fillWidth: true
+                color: Theme.palette.label3
+                size: 12
+                text: "macOS is blocking access, so anything there is missing from these totals."
+                wrapMode: Text.Wrap
+            }
+        }
+
+        PillButton {
+            font: Face.text(12.5, Font.Medium)
+            hpad: 14
+            pillHeight: 30
+            radius: 8
+            role: PillButton.Neutral
+            title: "Open Settings"
+
+            onClicked: notice.access.openSettings()
+        }
     }
 }

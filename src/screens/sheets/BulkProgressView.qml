@@ -1,50 +1,50 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
 
 // How far a run has come, in the place of a screen's action bar.
-Item {
+FocusScope {
     id: view
 
     required property BulkModel bulk
     property bool canStop: true
+    /// Read by assistive technology, as the place of a bar.
+    readonly property real value: bulk.fraction
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: 1
 
-    signal stop()
-
-    implicitHeight: column.height
+    signal stop
 
     Accessible.description: bulk.spokenValue
     Accessible.name: bulk.title
     Accessible.role: Accessible.ProgressBar
+    implicitHeight: column.implicitHeight + 28
 
-    Column {
+    Card {
+        anchors.fill: parent
+    }
+
+    ColumnLayout {
         id: column
 
-        spacing: 10
-        width: parent.width
+        spacing: 9
+        width: parent.width - 36
+        x: 18
+        y: 14
 
-        Item {
-            height: Math.max(title.height, stopButton.height)
-            width: parent.width
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 10
 
             Spinner {
-                id: spinner
-
-                anchors.verticalCenter: parent.verticalCenter
                 size: 14
             }
 
             Label {
-                id: title
-
                 Accessible.ignored: true
-                anchors.left: spinner.right
-                anchors.leftMargin: 10
-                anchors.right: count.left
-                anchors.rightMargin: 10
-                anchors.verticalCenter: parent.verticalCenter
+                Layout.fillWidth: true
                 elide: Text.ElideRight
                 size: 13
                 text: view.bulk.title
@@ -52,23 +52,17 @@ Item {
             }
 
             Label {
-                id: count
-
                 Accessible.ignored: true
-                anchors.right: stopButton.visible ? stopButton.left : parent.right
-                anchors.rightMargin: stopButton.visible ? 14 : 0
-                anchors.verticalCenter: parent.verticalCenter
                 color: Theme.palette.label2
                 size: 12.5
                 text: view.bulk.countText
             }
 
             LinkButton {
-                id: stopButton
-
-                anchors.right: parent.right
-                anchors.verticalCenter: parent.verticalCenter
+                Layout.leftMargin: 4
+                focus: true
                 font: Face.text(12.5, Font.DemiBold)
+                hoverColor: Theme.palette.accentHover
                 spokenHint: "Items already removed are not restored"
                 spokenName: "Stop removing"
                 title: "Stop"
@@ -79,10 +73,10 @@ Item {
         }
 
         Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 5
             color: Theme.palette.well
-            height: 5
             radius: 2.5
-            width: parent.width
 
             Rectangle {
                 color: Theme.palette.accent
@@ -93,22 +87,22 @@ Item {
                 Behavior on width {
                     NumberAnimation {
                         duration: Motion.bar
-                        easing.bezierCurve: Motion.easeOut
-                        easing.type: Easing.BezierSpline
+                        easing.type: Easing.OutQuad
                     }
                 }
             }
         }
 
+        // Its room is there from the beginning of a run that goes from path to path.
         Label {
             Accessible.ignored: true
+            Layout.fillWidth: true
             color: Theme.palette.label3
             elide: Text.ElideMiddle
             maximumLineCount: 1
             size: 12
             text: view.bulk.current
-            visible: text !== ""
-            width: parent.width
+            visible: text !== "" || view.bulk.countText !== ""
         }
     }
 }

@@ -1,5 +1,4 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Templates as T
 import Zolva.Kit
@@ -9,24 +8,34 @@ import Zolva.Model
 Rectangle {
     id: box
 
-    required property list<confirmRow> rows
-    required property string more
+    required property ConfirmModel confirm
+    readonly property alias count: lines.count
 
-    clip: true
     color: Theme.palette.well
-    height: Math.min(132, column.height + 18)
+    implicitHeight: Math.min(132, column.height + 18)
     radius: 8
 
     Flickable {
         id: scroll
 
+        // By the keys, only as far as there is anything.
+        function scrollTo(y: real) {
+            contentY = Math.max(0, Math.min(contentHeight - height, y));
+        }
+
+        Accessible.name: "What will be removed"
+        Accessible.role: Accessible.List
         activeFocusOnTab: contentHeight > height
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
+        clip: true
         contentHeight: column.height + 18
 
-        Keys.onDownPressed: contentY = Math.min(contentY + 20, contentHeight - height)
-        Keys.onUpPressed: contentY = Math.max(contentY - 20, 0)
+        T.ScrollBar.vertical: PageScrollBar {
+        }
+
+        Keys.onDownPressed: scrollTo(contentY + 24)
+        Keys.onUpPressed: scrollTo(contentY - 24)
 
         Column {
             id: column
@@ -36,64 +45,28 @@ Rectangle {
             y: 9
 
             Repeater {
-                model: box.rows
+                id: lines
 
-                Item {
-                    id: line
+                model: box.confirm.rows
 
-                    required property confirmRow modelData
-
-                    height: label.height + 7
+                delegate: ConfirmLine {
                     width: column.width
-
-                    Accessible.name: line.modelData.size === "" ? line.modelData.label
-                                     : line.modelData.label + ", " + line.modelData.size
-                    Accessible.role: Accessible.StaticText
-
-                    Label {
-                        id: label
-
-                        Accessible.ignored: true
-                        color: Theme.palette.label2
-                        elide: Text.ElideMiddle
-                        mono: true
-                        size: 11.5
-                        text: line.modelData.label
-                        width: parent.width - (sizeText.visible ? sizeText.width + 10 : 0)
-                        y: 3.5
-                    }
-
-                    Label {
-                        id: sizeText
-
-                        Accessible.ignored: true
-                        anchors.right: parent.right
-                        color: Theme.palette.label2
-                        size: 11.5
-                        text: line.modelData.size
-                        visible: text !== ""
-                        y: 3.5
-                    }
                 }
             }
 
             Label {
+                bottomPadding: 3.5
                 color: Theme.palette.label3
-                height: implicitHeight + 7
                 size: 11.5
-                text: box.more
-                verticalAlignment: Text.AlignVCenter
+                text: box.confirm.more
+                topPadding: 3.5
                 visible: text !== ""
             }
-        }
-
-        T.ScrollBar.vertical: PageScrollBar {
-            alwaysShown: true
         }
     }
 
     FocusRing {
-        radius: box.radius
+        ringRadius: box.radius
         visible: scroll.activeFocus
     }
 }

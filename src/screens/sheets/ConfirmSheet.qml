@@ -1,8 +1,9 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
+import Zolva.Sheets
 
 // Says what is about to go, and asks.
 OverlayCard {
@@ -17,98 +18,69 @@ OverlayCard {
 
     onCancelled: confirm.cancel()
 
-    Column {
-        width: parent.width
+    Mascot {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.preferredHeight: 88
+        Layout.preferredWidth: 88
+        symbol: sheet.confirm.symbol
+    }
 
-        Mascot {
-            anchors.horizontalCenter: parent.horizontalCenter
-            height: 88
-            symbol: sheet.confirm.symbol
-            width: 88
+    Label {
+        Accessible.role: Accessible.Heading
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        horizontalAlignment: Text.AlignHCenter
+        size: 15
+        text: sheet.confirm.title
+        weight: Font.Bold
+        wrapMode: Text.Wrap
+    }
+
+    Paragraph {
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        text: sheet.confirm.body
+    }
+
+    ConfirmRows {
+        Layout.fillWidth: true
+        Layout.preferredHeight: implicitHeight
+        Layout.topMargin: 16
+        confirm: sheet.confirm
+        visible: count > 0
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: 20
+        spacing: 10
+
+        PillButton {
+            id: cancelButton
+
+            KeyNavigation.right: confirmButton
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.Medium)
+            role: PillButton.Neutral
+            spokenHint: "Closes this without removing anything"
+            title: "Cancel"
+
+            onClicked: sheet.confirm.cancel()
         }
 
-        Item {
-            height: 14
-            width: 1
-        }
+        PillButton {
+            id: confirmButton
 
-        Label {
-            horizontalAlignment: Text.AlignHCenter
-            size: 15
-            text: sheet.confirm.title
-            weight: Font.Bold
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.DemiBold)
+            role: PillButton.Destructive
+            spokenHint: "This cannot be undone"
+            spokenName: "Confirm: %1".arg(sheet.confirm.button)
+            title: sheet.confirm.button
 
-        Item {
-            height: 14
-            width: 1
-        }
-
-        Label {
-            color: Theme.palette.label2
-            horizontalAlignment: Text.AlignHCenter
-            lineHeight: implicitLine.height + 3
-            lineHeightMode: Text.FixedHeight
-            size: 12.5
-            text: sheet.confirm.body
-            width: parent.width
-            wrapMode: Text.Wrap
-
-            FontMetrics {
-                id: implicitLine
-
-                font: Face.text(12.5)
-            }
-        }
-
-        Item {
-            height: 16
-            visible: rowsBox.visible
-            width: 1
-        }
-
-        ConfirmRows {
-            id: rowsBox
-
-            more: sheet.confirm.more
-            rows: sheet.confirm.rows
-            visible: rows.length > 0
-            width: parent.width
-        }
-
-        Item {
-            height: 20
-            width: 1
-        }
-
-        Row {
-            spacing: 10
-            width: parent.width
-
-            PillButton {
-                id: cancelButton
-
-                font: Face.text(13, Font.Medium)
-                role: PillButton.Neutral
-                spokenHint: "Closes this without removing anything"
-                title: "Cancel"
-                width: (parent.width - 10) / 2
-
-                onClicked: sheet.confirm.cancel()
-            }
-
-            PillButton {
-                font: Face.text(13, Font.DemiBold)
-                role: PillButton.Destructive
-                spokenHint: "This cannot be undone"
-                spokenName: "Confirm: %1".arg(sheet.confirm.button)
-                title: sheet.confirm.button
-                width: (parent.width - 10) / 2
-
-                onClicked: sheet.confirm.confirm()
-            }
+            onClicked: sheet.confirm.confirm()
         }
     }
 }

@@ -1,51 +1,50 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 
-// A card that stands over everything else until it is answered.
+// A card that stands over everything else until it is answered. Who shows it disables what lies
+// behind it, and gives the focus back.
 FocusScope {
     id: overlay
 
     required property bool isOpen
+    /// Another one stands over it.
+    property bool isBehind: false
     property bool closesOnScrim: true
-    property real padAcross: 26
-    property real padTop: 24
-    property real padBottom: 20
     property string spokenName
-    // What has the focus when the card appears.
-    property Item firstFocus
+    /// What has the focus when the card appears.
+    property Item firstFocus: null
+    readonly property alias card: card
     default property alias content: body.data
-    property Item focusBefore
+    /// 0 is gone, 1 is there.
+    property real arrival: isOpen ? 1 : 0
 
-    signal cancelled()
+    signal cancelled
 
-    function takeFocus(): void {
-        focusBefore = Window.activeFocusItem;
-        (firstFocus ?? body).forceActiveFocus(Qt.TabFocusReason);
+    function takeFocus() {
+        if (enabled && firstFocus)
+            firstFocus.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    function giveFocusBack(): void {
-        if (focusBefore)
-            focusBefore.forceActiveFocus(Qt.OtherFocusReason);
-        focusBefore = null;
-    }
-
-    anchors.fill: parent
-    enabled: isOpen
-    opacity: isOpen ? 1 : 0
-    visible: opacity > 0
+    enabled: isOpen && !isBehind
+    opacity: arrival
+    visible: arrival > 0
 
     Keys.onEscapePressed: overlay.cancelled()
-    onIsOpenChanged: isOpen ? Qt.callLater(overlay.takeFocus) : overlay.giveFocusBack()
-    Component.onCompleted: if (isOpen)
-        Qt.callLater(overlay.takeFocus)
+    onEnabledChanged: {
+        if (enabled)
+            Qt.callLater(overlay.takeFocus);
+    }
+    Component.onCompleted: {
+        if (enabled)
+            Qt.callLater(overlay.takeFocus);
+    }
 
-    Behavior on opacity {
+    Behavior on arrival {
         NumberAnimation {
             duration: Motion.sheet
-            easing.bezierCurve: Motion.easeOut
-            easing.type: Easing.BezierSpline
+            easing.type: Easing.OutQuad
         }
     }
 
@@ -55,11 +54,14 @@ FocusScope {
 
         // Nothing behind it hears of the pointer, wheel included.
         MouseArea {
+            acceptedButtons: Qt.AllButtons
             anchors.fill: parent
             hoverEnabled: true
 
-            onClicked: if (overlay.closesOnScrim)
-                overlay.cancelled()
+            onClicked: mouse => {
+                if (overlay.closesOnScrim && mouse.button === Qt.LeftButton)
+                    overlay.cancelled();
+            }
             onWheel: wheel => wheel.accepted = true
         }
     }
@@ -67,21 +69,14 @@ FocusScope {
     Item {
         id: card
 
-        anchors.centerIn: parent
-        height: body.height + overlay.padTop + overlay.padBottom
-        scale: overlay.isOpen ? 1 : 0.94
-        width: 432
-
         Accessible.name: overlay.spokenName
         Accessible.role: Accessible.Dialog
-
-        Behavior on scale {
-            NumberAnimation {
-                duration: Motion.sheet
-                easing.bezierCurve: Motion.easeOut
-                easing.type: Easing.BezierSpline
-            }
-        }
+        height: body.implicitHeight + 44
+        scale: 0.94 + 0.06 * overlay.arrival
+        width: 432
+        // On whole pixels, for sharp letters.
+        x: Math.round((overlay.width - width) / 2)
+        y: Math.round((overlay.height - height) / 2)
 
         Shadow {
             anchors.fill: parent
@@ -96,18 +91,21 @@ FocusScope {
             radius: 14
 
             MouseArea {
+                acceptedButtons: Qt.AllButtons
                 anchors.fill: parent
                 hoverEnabled: true
+
+                onWheel: wheel => wheel.accepted = true
             }
         }
 
-        Item {
+        ColumnLayout {
             id: body
 
-            height: childrenRect.height
-            width: card.width - 2 * overlay.padAcross
-            x: overlay.padAcross
-            y: overlay.padTop
+            spacing: 0
+            width: card.width - 52
+            x: 26
+            y: 24
         }
     }
 }

@@ -1,8 +1,9 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
+import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
+import Zolva.Sheets
 
 // Asked to quit while a run is going.
 OverlayCard {
@@ -17,73 +18,59 @@ OverlayCard {
 
     onCancelled: quit.keepGoing()
 
-    Column {
-        width: parent.width
+    Mascot {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.preferredHeight: 88
+        Layout.preferredWidth: 88
+        symbol: "exclamationmark.triangle.fill"
+        tint: Theme.palette.amber
+    }
 
-        Mascot {
-            anchors.horizontalCenter: parent.horizontalCenter
-            height: 64
-            symbol: "exclamationmark.triangle.fill"
-            tint: Theme.palette.amber
-            width: 64
+    Label {
+        Accessible.role: Accessible.Heading
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        horizontalAlignment: Text.AlignHCenter
+        size: 15
+        text: alert.quit.message
+        weight: Font.Bold
+        wrapMode: Text.Wrap
+    }
+
+    Paragraph {
+        Layout.fillWidth: true
+        Layout.topMargin: 14
+        text: alert.quit.detail
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: 20
+        spacing: 10
+
+        PillButton {
+            id: keepGoing
+
+            KeyNavigation.right: stopAndQuit
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.Medium)
+            role: PillButton.Neutral
+            title: alert.quit.keepGoingTitle
+
+            onClicked: alert.quit.keepGoing()
         }
 
-        Item {
-            height: 14
-            width: 1
-        }
+        PillButton {
+            id: stopAndQuit
 
-        Label {
-            horizontalAlignment: Text.AlignHCenter
-            size: 15
-            text: alert.quit.message
-            weight: Font.Bold
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            font: Face.text(13, Font.DemiBold)
+            role: PillButton.Destructive
+            title: alert.quit.stopAndQuitTitle
 
-        Item {
-            height: 14
-            width: 1
-        }
-
-        Label {
-            color: Theme.palette.label2
-            horizontalAlignment: Text.AlignHCenter
-            size: 12.5
-            text: alert.quit.detail
-            width: parent.width
-            wrapMode: Text.Wrap
-        }
-
-        Item {
-            height: 20
-            width: 1
-        }
-
-        Row {
-            spacing: 10
-            width: parent.width
-
-            PillButton {
-                id: keepGoing
-
-                font: Face.text(13, Font.DemiBold)
-                role: PillButton.Neutral
-                title: alert.quit.keepGoingTitle
-                width: (parent.width - 10) / 2
-
-                onClicked: alert.quit.keepGoing()
-            }
-
-            PillButton {
-                font: Face.text(13, Font.DemiBold)
-                role: PillButton.Destructive
-                title: alert.quit.stopAndQuitTitle
-                width: (parent.width - 10) / 2
-
-                onClicked: alert.quit.stopAndQuit()
-            }
+            onClicked: alert.quit.stopAndQuit()
         }
     }
 }

@@ -1,0 +1,167 @@
+#include "Rows.h"
+
+#include <string>
+
+namespace zolva::test {
+
+namespace {
+
+constexpr std::int64_t megabyte = 1'000'000;
+
+std::string text(const QVariantMap& row, const char* field)
+{
+    return row.value(QString::fromUtf8(field)).toString().toStdString();
+}
+
+/// JavaScript's numbers are floating ones.
+std::int64_t number(const QVariantMap& row, const char* field)
+{
+    return static_cast<std::int64_t>(row.value(QString::fromUtf8(field)).toDouble());
+}
+
+bool flag(const QVariantMap& row, const char* field)
+{
+    return row.value(QString::fromUtf8(field)).toBool();
+}
+
+template <typename Row, typename Read>
+std::vector<Row> allOf(const QVariantList& rows, Read read)
+{
+    std::vector<Row> all;
+    for (const QVariant& row : rows) {
+        all.push_back(read(row.toMap()));
+    }
+    return all;
+}
+
+template <typename Row, typename Make>
+std::vector<Row> many(int count, Make make)
+{
+    std::vector<Row> all;
+    for (int number = 1; number <= count; ++number) {
+        all.push_back(make(std::to_string(number), (count - number + 1) * megabyte));
+    }
+    return all;
+}
+
+CatPath pathFrom(const QVariantMap& row)
+{
+    CatPath path;
+    path.p = text(row, "p");
+    path.b = number(row, "b");
+    path.prot = flag(row, "prot");
+    path.sudo = flag(row, "sudo");
+    return path;
+}
+
+} // namespace
+
+std::vector<Category> categoriesFrom(const QVariantList& rows)
+{
+    return allOf<Category>(rows, [](const QVariantMap& row) {
+        Category made;
+        made.id = made.name = text(row, "name");
+        made.desc = text(row, "desc");
+        made.sudo = flag(row, "sudo");
+        made.paths = allOf<CatPath>(row.value(QStringLiteral("paths")).toList(), pathFrom);
+        made.items = static_cast<std::int64_t>(made.paths.size());
+        return made;
+    });
+}
+
+std::vector<Project> projectsFrom(const QVariantList& rows)
+{
+    return allOf<Project>(rows, [](const QVariantMap& row) {
+        Project made;
+        made.p = text(row, "p");
+        made.artifact = text(row, "artifact");
+        made.b = number(row, "b");
+        made.age = number(row, "age");
+        return made;
+    });
+}
+
+std::vector<InstallerItem> installersFrom(const QVariantList& rows)
+{
+    return allOf<InstallerItem>(rows, [](const QVariantMap& row) {
+        InstallerItem made;
+        made.name = text(row, "name");
+        made.src = text(row, "src");
+        made.p = text(row, "p");
+        made.b = number(row, "b");
+        made.age = number(row, "age");
+        return made;
+    });
+}
+
+std::vector<UninstallApp> appsFrom(const QVariantList& rows)
+{
+    return allOf<UninstallApp>(rows, [](const QVariantMap& row) {
+        UninstallApp made;
+        made.name = text(row, "name");
+        made.bundleID = text(row, "bundleID");
+        made.path = text(row, "path");
+        made.source = text(row, "source");
+        if (row.contains(QStringLiteral("version"))) {
+            made.version = text(row, "version");
+        }
+        if (row.contains(QStringLiteral("bundleBytes"))) {
+            made.bundleBytes = number(row, "bundleBytes");
+        }
+        return made;
+    });
+}
+
+std::vector<Category> manyCategories(int count, int pathsEach)
+{
+    return many<Category>(count, [pathsEach](const std::string& number, std::int64_t bytes) {
+        Category made;
+        made.id = made.name = "Category " + number;
+        made.desc = "What category " + number + " keeps";
+        for (int path = 1; path <= pathsEach; ++path) {
+            CatPath one;
+            one.p = "~/Library/Caches/category" + number + "/path" + std::to_string(path);
+            one.b = bytes;
+            made.paths.push_back(one);
+        }
+        made.items = pathsEach;
+        return made;
+    });
+}
+
+std::vector<Project> manyProjects(int count)
+{
+    return many<Project>(count, [](const std::string& number, std::int64_t bytes) {
+        Project made;
+        made.p = "~/code/project" + number;
+        made.artifact = "node_modules";
+        made.b = bytes;
+        return made;
+    });
+}
+
+std::vector<InstallerItem> manyInstallers(int count)
+{
+    return many<InstallerItem>(count, [](const std::string& number, std::int64_t bytes) {
+        InstallerItem made;
+        made.name = "installer" + number + ".dmg";
+        made.src = "Downloads";
+        made.p = "~/Downloads/" + made.name;
+        made.b = bytes;
+        return made;
+    });
+}
+
+std::vector<UninstallApp> manyApps(int count)
+{
+    return many<UninstallApp>(count, [](const std::string& number, std::int64_t bytes) {
+        UninstallApp made;
+        made.name = "App " + number;
+        made.bundleID = "org.example.app" + number;
+        made.path = "/Applications/" + made.name + ".app";
+        made.bundleBytes = bytes;
+        return made;
+    });
+}
+
+} // namespace zolva::test

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "files/Records.h"
+#include "scanners/AppInventory.h"
+
+#include <QVariantList>
+
+#include <vector>
+
+/// The rows of the lists from what a screen's test says of them, and lists by the dozen.
+namespace zolva::test {
+
+[[nodiscard]] std::vector<Category> categoriesFrom(const QVariantList& rows);
+[[nodiscard]] std::vector<Project> projectsFrom(const QVariantList& rows);
+[[nodiscard]] std::vector<InstallerItem> installersFrom(const QVariantList& rows);
+[[nodiscard]] std::vector<UninstallApp> appsFrom(const QVariantList& rows);
+
+[[nodiscard]] std::vector<Category> manyCategories(int count, int pathsEach);
+[[nodiscard]] std::vector<Project> manyProjects(int count);
+[[nodiscard]] std::vector<InstallerItem> manyInstallers(int count);
+[[nodiscard]] std::vector<UninstallApp> manyApps(int count);
+
+} // namespace zolva::test
