@@ -54,6 +54,7 @@ FocusScope {
         cacheBuffer: 400
         clip: true
         currentIndex: -1
+        highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
         model: 0
 
