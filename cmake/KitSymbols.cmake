@@ -21,6 +21,8 @@ function(zolva_add_symbols target table)
         configure_file("${ZOLVA_ICON_FOLDER}/${CMAKE_MATCH_2}.svg" "${file}" COPYONLY)
         list(APPEND files "${file}")
     endforeach()
+    configure_file(/usr/share/doc/bootstrap-icons/copyright "${folder}/bootstrap-icons.txt" COPYONLY)
+    list(APPEND files "${folder}/bootstrap-icons.txt")
     qt_add_resources(${target} ${target}_symbols
         PREFIX /kit/symbols BASE "${folder}" FILES ${files})
 endfunction()

@@ -2,21 +2,19 @@
 
 #include "screens/kit/FaceFamilies.h"
 
-#include <QGuiApplication>
-#include <QScreen>
+#include <QtMath>
+
+#include <cmath>
 
 namespace zolva {
 namespace {
 
-constexpr qreal pointsPerInch = 72;
-
-QFont face(const QString& family, qreal size, int weight)
+QFont face(const FaceFamily& family, qreal size, int weight)
 {
-    QFont font(family);
-    // Only sizes in points may have fractions; fonts are measured by the primary screen.
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const qreal pixelsPerInch = screen != nullptr ? screen->logicalDotsPerInch() : pointsPerInch;
-    font.setPointSizeF(size * pointsPerInch / pixelsPerInch);
+    const qreal rest = size - std::floor(size);
+    const bool isHalf = rest > 0.25 && rest < 0.75;
+    QFont font(isHalf ? family.half : family.whole);
+    font.setPixelSize(isHalf ? qCeil(size) : qRound(size));
     font.setWeight(static_cast<QFont::Weight>(weight));
     // Hinting across would round the widths to whole pixels.
     font.setHintingPreference(QFont::PreferVerticalHinting);

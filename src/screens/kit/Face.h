@@ -6,8 +6,8 @@
 
 namespace zolva {
 
-/// The fonts of everything that is written. Sizes and tracking are logical pixels and may have
-/// fractions. The digits of both faces are all of one width. Main thread.
+/// The fonts of everything that is written. Sizes are logical pixels, whole or with a half; so is
+/// tracking, with any fraction. The digits of both faces are all of one width. Main thread.
 class Face final : public QObject
 {
     Q_OBJECT

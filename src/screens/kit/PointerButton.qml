@@ -16,6 +16,19 @@ T.AbstractButton {
     property real ringRadius: 6
     property real ringInset: -3
 
+    function press(): void {
+        if (!enabled)
+            return;
+        if (checkable)
+            toggle();
+        clicked();
+    }
+
+    function pressByKey(event: KeyEvent): void {
+        if (!event.isAutoRepeat)
+            press();
+    }
+
     Accessible.checkable: checkable
     Accessible.checked: checked
     Accessible.description: spokenValue && spokenHint ? spokenValue + ". " + spokenHint : spokenValue + spokenHint
@@ -32,12 +45,7 @@ T.AbstractButton {
 
     Accessible.onPressAction: {
         shift.clear();
-        button.click();
-    }
-
-    function pressByKey(event: KeyEvent): void {
-        if (!event.isAutoRepeat)
-            button.click();
+        button.press();
     }
 
     HoverCursor {

@@ -13,6 +13,8 @@ T.MenuItem {
     Accessible.checked: current
     Accessible.name: text
     Accessible.role: Accessible.MenuItem
+    Keys.onEnterPressed: triggered()
+    Keys.onReturnPressed: triggered()
     font: Face.text(13)
     implicitHeight: 28
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

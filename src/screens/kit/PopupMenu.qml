@@ -7,9 +7,16 @@ import Zolva.Kit
 T.Menu {
     id: menu
 
+    function widest(): real {
+        let width = 0;
+        for (let i = 0; i < count; ++i)
+            width = Math.max(width, itemAt(i).implicitWidth);
+        return Math.ceil(width);
+    }
+
     cascade: false
     implicitHeight: contentHeight + topPadding + bottomPadding
-    implicitWidth: Math.max(160, contentWidth + leftPadding + rightPadding)
+    implicitWidth: Math.max(160, widest() + leftPadding + rightPadding)
     margins: 8
     overlap: 0
     padding: 5
@@ -34,7 +41,7 @@ T.Menu {
         currentIndex: menu.currentIndex
         implicitHeight: contentHeight
         interactive: contentHeight > height
-        keyNavigationEnabled: true
+        keyNavigationEnabled: false
         model: menu.contentModel
     }
     delegate: PopupItem {

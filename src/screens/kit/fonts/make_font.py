@@ -1,7 +1,8 @@
 """Writes a smaller copy of a font, under another family name, for the program's resources.
 
 With --tabular the digits are those of one width, which the font keeps behind a feature that the
-toolkit cannot ask for. Features that turn what is written into something else ("->" into an arrow,
+toolkit cannot ask for. With --smaller everything is that much smaller at the same size: the toolkit
+rounds sizes to whole pixels. Features that turn what is written into something else ("->" into an arrow,
 the "x" of "10x20" into a sign) are left out: file names are to be read as they are.
 """
 
@@ -36,6 +37,10 @@ def use_tabular_digits(font: TTFont) -> None:
     if missing:
         raise SystemExit(f"no tabular glyph for {''.join(missing)}")
     tabular = {digit: swaps[names[digit]] for digit in digits}
+    # At some weights the font's own differ by a hair.
+    width = font["hmtx"][tabular[ord("0")]][0]
+    for glyph in tabular.values():
+        font["hmtx"][glyph] = (width, font["hmtx"][glyph][1])
     for cmap in font["cmap"].tables:
         if cmap.isUnicode():
             cmap.cmap.update(tabular)
@@ -50,6 +55,14 @@ def keep_what_is_shown(font: TTFont) -> None:
     subsetter = subset.Subsetter(options)
     subsetter.populate(unicodes=[code for first, last in RANGES for code in range(first, last + 1)])
     subsetter.subset(font)
+
+
+def make_smaller(font: TTFont, factor: float) -> None:
+    """More units to the em, and every outline and distance is a smaller part of it."""
+    units = round(font["head"].unitsPerEm / factor)
+    font["head"].unitsPerEm = units
+    if "CFF " in font:
+        font["CFF "].cff.topDictIndex[0].FontMatrix = [1 / units, 0, 0, 1 / units, 0, 0]
 
 
 def rename(font: TTFont, family: str, style: str) -> None:
@@ -75,11 +88,14 @@ def main() -> None:
     arguments.add_argument("--family", required=True)
     arguments.add_argument("--style", required=True)
     arguments.add_argument("--tabular", action="store_true")
+    arguments.add_argument("--smaller", type=float, metavar="FACTOR")
     given = arguments.parse_args()
     font = TTFont(given.source, recalcTimestamp=False)
     if given.tabular:
         use_tabular_digits(font)
     keep_what_is_shown(font)
+    if given.smaller:
+        make_smaller(font, given.smaller)
     rename(font, given.family, given.style)
     font.save(given.target)
 

@@ -17,7 +17,8 @@ FaceFamilies load()
             QFontDatabase::addApplicationFontFromData(file.readAll()) < 0)
             qWarning("The font %s cannot be used", qPrintable(file.fileName()));
     }
-    return {QStringLiteral("Zolva Text"), QStringLiteral("Zolva Mono")};
+    return {{QStringLiteral("Zolva Text"), QStringLiteral("Zolva Text Half")},
+            {QStringLiteral("Zolva Mono"), QStringLiteral("Zolva Mono Half")}};
 }
 
 } // namespace

@@ -4,8 +4,11 @@ namespace zolva {
 
 const FaceFamilies& faceFamilies()
 {
-    static const FaceFamilies families{QStringLiteral(".AppleSystemUIFont"),
-                                       QStringLiteral("Menlo")};
+    // The system's own have no smaller sisters: half pixels are rounded up there.
+    static const FaceFamily text{QStringLiteral(".AppleSystemUIFont"),
+                                 QStringLiteral(".AppleSystemUIFont")};
+    static const FaceFamily mono{QStringLiteral("Menlo"), QStringLiteral("Menlo")};
+    static const FaceFamilies families{text, mono};
     return families;
 }
 

@@ -1,0 +1,13 @@
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
