@@ -37,7 +37,7 @@ TestCase {
         failOnWarning(/.?/);
         Motion.reduced = true;
         Theme.light = true;
-        fixture = createTemporaryObject(fixtures, ground);
+        fixture = fixtures.createObject(ground);
         fixture.setTheme("light");
     }
 
@@ -45,7 +45,9 @@ TestCase {
     function cleanup() {
         if (view)
             view.destroy();
+        fixture.destroy();
         view = null;
+        fixture = null;
         wait(0);
     }
 
@@ -122,11 +124,11 @@ TestCase {
         return item.mapToItem(within ?? view, 0, 0, item.width, item.height);
     }
 
-    function bottom(rect: rect): real {
+    function endY(rect: rect): real {
         return rect.y + rect.height;
     }
 
-    function right(rect: rect): real {
+    function endX(rect: rect): real {
         return rect.x + rect.width;
     }
 

@@ -62,6 +62,7 @@ FocusScope {
             cacheBuffer: 400
             currentIndex: -1
             height: page.height
+            highlightFollowsCurrentItem: false
             keyNavigationEnabled: false
             model: 0
             width: page.width
