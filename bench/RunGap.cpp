@@ -16,13 +16,14 @@ namespace {
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-/// The longest time in which the event loop did not come round.
+/// The longest time in which the event loop did not come round, to a millisecond.
 class LoopWatch
 {
 public:
     LoopWatch()
     {
-        m_timer.setInterval(0);
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(1);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
         m_timer.start();
     }

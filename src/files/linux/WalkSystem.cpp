@@ -116,6 +116,12 @@ bool statusOf(int folder, const char* name, NodeStatus& status)
     return statusAt(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, status);
 }
 
+bool leadsSomewhere(int folder, const char* link)
+{
+    NodeStatus status;
+    return statusAt(folder, link, 0, status);
+}
+
 bool statusOf(int descriptor, NodeStatus& status)
 {
     struct stat found;

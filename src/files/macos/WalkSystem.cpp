@@ -152,6 +152,12 @@ bool statusOf(int folder, const char* name, NodeStatus& status)
     return true;
 }
 
+bool leadsSomewhere(int folder, const char* link)
+{
+    struct stat found;
+    return uninterrupted([&] { return ::fstatat(folder, link, &found, 0); }) == 0;
+}
+
 bool statusOf(int descriptor, NodeStatus& status)
 {
     struct stat found;

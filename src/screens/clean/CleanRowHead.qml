@@ -43,6 +43,7 @@ PointerButton {
     Label {
         id: title
 
+        Accessible.ignored: true
         anchors.left: box.right
         anchors.leftMargin: 14
         anchors.right: amount.left
@@ -57,6 +58,7 @@ PointerButton {
     Label {
         id: words
 
+        Accessible.ignored: true
         anchors.left: title.left
         anchors.right: title.right
         anchors.top: title.bottom
@@ -71,6 +73,7 @@ PointerButton {
     Label {
         id: amount
 
+        Accessible.ignored: true
         anchors.right: parent.right
         anchors.rightMargin: 48
         anchors.verticalCenter: parent.verticalCenter

@@ -1,0 +1,84 @@
+#include "app/AppDelegate.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace zolva {
+
+AppDelegate::AppDelegate(QObject* parent) : QObject(parent)
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void AppDelegate::setModel(ScreenModel* model)
+{
+    m_model = model;
+    QuitModel* const quit = model->quit();
+    connect(quit, &QuitModel::quit, this, &AppDelegate::terminate);
+    connect(quit, &QuitModel::isAskingChanged, this, [this, quit] {
+        // Whoever is asked must see it.
+        if (quit->isAsking()) {
+            shouldHandleReopen();
+        }
+    });
+}
+
+void AppDelegate::setWindow(QWindow* window)
+{
+    m_window = window;
+    window->installEventFilter(this);
+}
+
+void AppDelegate::shouldTerminate()
+{
+    if (!m_model) {
+        Q_EMIT terminate();
+    } else if (m_model->quit()->isAsking()) {
+        shouldHandleReopen();
+    } else {
+        m_model->quit()->ask();
+    }
+}
+
+bool AppDelegate::mayEndSession()
+{
+    if (!m_model || !m_model->bulk()->present()) {
+        return true;
+    }
+    m_model->quit()->ask();
+    return false;
+}
+
+void AppDelegate::shouldHandleReopen()
+{
+    if (!m_window) {
+        return;
+    }
+    if (!m_window->isVisible()) {
+        m_window->show();
+    }
+    if (m_window->windowStates().testFlag(Qt::WindowMinimized)) {
+        m_window->setWindowStates(m_window->windowStates() &
+                                  ~Qt::WindowStates(Qt::WindowMinimized));
+    }
+    m_window->raise();
+    m_window->requestActivate();
+}
+
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isClose = event->type() == QEvent::Close && watched == m_window;
+    const bool isQuit = event->type() == QEvent::Quit && watched == QCoreApplication::instance();
+    if (!isClose && !isQuit) {
+        return QObject::eventFilter(watched, event);
+    }
+    event->ignore();
+    if (isClose && m_hasTray) {
+        m_window->hide();
+    } else {
+        shouldTerminate();
+    }
+    return true;
+}
+
+} // namespace zolva

@@ -1,0 +1,70 @@
+#include "app/ZolvaApp.h"
+
+#include "app/MotionWishes.h"
+#include "core/SystemPrefsStore.h"
+#include "desktop/ColorScheme.h"
+#include "desktop/OpenPlaces.h"
+#include "files/HomeFolder.h"
+#include "platform/SystemTrash.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QSessionManager>
+
+namespace zolva {
+
+ZolvaApp::ZolvaApp(QObject* parent)
+    : QObject(parent), m_prefs(systemPrefsStore()), m_appearance(systemColorScheme()),
+      m_reducedMotion(systemReducedMotion()), m_model(dependencies()), m_screens(m_model, m_clock)
+{
+    m_delegate.setHasTray(hasTray());
+    // Not quit(), which would ask again.
+    connect(&m_delegate, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
+    connect(&m_signals, &QuitSignals::asked, &m_delegate, &AppDelegate::shouldTerminate);
+    followSession();
+}
+
+AppDependencies ZolvaApp::dependencies()
+{
+    AppDependencies all = liveDependencies(m_clock, *m_prefs);
+    all.appearance = m_appearance.get();
+    // A door is opened by the model, so that it is there when one tells something.
+    all.doors =
+        systemDoors({homeTrashFolder(homeFolder()), all.logFolder, [this](const QString& text) {
+                         m_model.toasts().addToast(BannerKind::Warning, text);
+                     }});
+    return all;
+}
+
+void ZolvaApp::followSession()
+{
+    auto* const application = qobject_cast<QGuiApplication*>(QGuiApplication::instance());
+    connect(
+        application, &QGuiApplication::commitDataRequest, this,
+        [this](QSessionManager& session) {
+            if (!m_delegate.mayEndSession() && session.allowsInteraction()) {
+                session.cancel();
+            }
+        },
+        Qt::DirectConnection);
+}
+
+bool ZolvaApp::showWindow()
+{
+    m_engine.addImportPath(QStringLiteral("qrc:/qml"));
+    m_engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_screens)}});
+    m_engine.load(QUrl(QStringLiteral("qrc:/qml/Zolva/Root/MainWindow.qml")));
+    const QList<QObject*> roots = m_engine.rootObjects();
+    auto* const window = roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.front());
+    auto* const motion =
+        m_engine.singletonInstance<Motion*>(qmlTypeId("Zolva.Kit", 1, 0, "Motion"));
+    if (window == nullptr || motion == nullptr) {
+        return false;
+    }
+    followMotion(*motion, *m_reducedMotion, *window);
+    m_delegate.setWindow(window);
+    m_delegate.setModel(&m_screens);
+    return true;
+}
+
+} // namespace zolva

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "async/Clock.h"
+#include "core/AppModel.h"
+#include "core/PrefsStore.h"
+#include "core/SystemAppearance.h"
+#include "desktop/QuitSignals.h"
+#include "desktop/ReducedMotion.h"
+#include "screens/model/ScreenModel.h"
+
+#include <QObject>
+#include <QQmlApplicationEngine>
+
+#include <memory>
+
+namespace zolva {
+
+/// The program with the window: makes the one model, shows it, and ends when it may. What still
+/// runs when it ends is dropped. Main thread, once, with a QGuiApplication.
+class ZolvaApp final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ZolvaApp(QObject* parent = nullptr);
+
+    /// Loads the window, and shows it with the next turns of the event loop. False if it is broken.
+    [[nodiscard]] bool showWindow();
+    /// Brings it back and to the front.
+    void reopen() { m_delegate.shouldHandleReopen(); }
+    /// Whether an icon stays where the window is closed.
+    [[nodiscard]] static bool hasTray() { return false; }
+
+private:
+    [[nodiscard]] AppDependencies dependencies();
+    void followSession();
+
+    SystemClock m_clock;
+    std::unique_ptr<PrefsStore> m_prefs;
+    std::unique_ptr<SystemAppearance> m_appearance;
+    std::unique_ptr<ReducedMotion> m_reducedMotion;
+    AppModel m_model;
+    ScreenModel m_screens;
+    AppDelegate m_delegate;
+    QuitSignals m_signals;
+    QQmlApplicationEngine m_engine; ///< goes first: it shows the others
+};
+
+} // namespace zolva

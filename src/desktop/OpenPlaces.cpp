@@ -1,0 +1,13 @@
+#include "desktop/OpenPlaces.h"
+
+#include "files/DisplayPath.h"
+
+namespace zolva {
+
+QString cannotOpen(const char* words, const std::string& path)
+{
+    return QString::fromUtf8(words) + QString::fromStdString(displayLine(tildePath(path))) +
+           QStringLiteral(".");
+}
+
+} // namespace zolva

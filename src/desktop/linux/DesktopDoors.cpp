@@ -1,0 +1,122 @@
+#include "desktop/linux/DesktopDoors.h"
+
+#include "desktop/linux/DesktopHandlers.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QProcess>
+#include <QStringList>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+namespace zolva {
+
+namespace {
+
+constexpr int patience = 5000; // milliseconds, of which nobody waits any
+
+const auto fileManager = QStringLiteral("org.freedesktop.FileManager1");
+const auto trashUri = QStringLiteral("trash:///");
+
+/// The bytes as they are, whether or not they are text.
+QString uriOf(const std::string& path)
+{
+    return QStringLiteral("file://") +
+           QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/"));
+}
+
+bool start(QStringList command)
+{
+    if (command.isEmpty()) {
+        return false;
+    }
+    const QString program = command.takeFirst();
+    return QProcess::startDetached(program, command);
+}
+
+bool openUri(const QString& uri, const QByteArray& mimeType)
+{
+    QStringList command = hasHandler(mimeType) ? uriOpener() : QStringList();
+    return !command.isEmpty() && start(command << uri);
+}
+
+bool isFolder(const std::string& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
+}
+
+} // namespace
+
+DesktopDoors::DesktopDoors(const QDBusConnection& bus, Places places, QObject* parent)
+    : QObject(parent), m_bus(bus), m_places(std::move(places))
+{}
+
+void DesktopDoors::openTrash()
+{
+    showFolder(trashUri, [this] {
+        if (!openUri(trashUri, "x-scheme-handler/trash")) {
+            openFolder(m_places.trashFolder, placewords::trash);
+        }
+    });
+}
+
+void DesktopDoors::openLogFolder()
+{
+    openFolder(m_places.logFolder, placewords::logFolder);
+}
+
+void DesktopDoors::openAccessSettings()
+{
+    if (!start(settingsProgram())) {
+        m_places.tell(QString::fromUtf8(placewords::accessSettings));
+    }
+}
+
+void DesktopDoors::showFolder(const QString& uri, const Otherwise& otherwise)
+{
+    if (!m_bus.isConnected()) {
+        otherwise();
+        return;
+    }
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
+                                       fileManager, QStringLiteral("ShowFolders"));
+    call << QStringList{uri} << QString();
+    auto* const waiting = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
+    connect(waiting, &QDBusPendingCallWatcher::finished, this, [waiting, otherwise] {
+        waiting->deleteLater();
+        if (waiting->isError()) {
+            otherwise();
+        }
+    });
+}
+
+void DesktopDoors::openFolder(const std::string& path, const char* words)
+{
+    const QString uri = uriOf(path);
+    const Otherwise otherwise = [this, path, words, uri] {
+        if (!openUri(uri, "inode/directory")) {
+            m_places.tell(cannotOpen(words, path));
+        }
+    };
+    if (isFolder(path)) {
+        showFolder(uri, otherwise);
+    } else {
+        m_places.tell(cannotOpen(words, path));
+    }
+}
+
+AppDoors systemDoors(Places places)
+{
+    const auto doors =
+        std::make_shared<DesktopDoors>(QDBusConnection::sessionBus(), std::move(places));
+    return {.accessSettings = [doors] { doors->openAccessSettings(); },
+            .logFolder = [doors] { doors->openLogFolder(); },
+            .trash = [doors] { doors->openTrash(); }};
+}
+
+} // namespace zolva

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "desktop/OpenPlaces.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <functional>
+#include <string>
+
+namespace zolva {
+
+/// Opens places by the file manager on the bus, else by what is registered for them. Main thread.
+class DesktopDoors final : public QObject
+{
+    Q_OBJECT
+
+public:
+    DesktopDoors(const QDBusConnection& bus, Places places, QObject* parent = nullptr);
+
+    void openTrash();
+    void openLogFolder();
+    void openAccessSettings();
+
+private:
+    using Otherwise = std::function<void()>;
+
+    /// What cannot be shown by the file manager of the bus is tried otherwise.
+    void showFolder(const QString& uri, const Otherwise& otherwise);
+    void openFolder(const std::string& path, const char* words);
+
+    QDBusConnection m_bus;
+    Places m_places;
+};
+
+} // namespace zolva

@@ -1,0 +1,10 @@
+#include "desktop/Display.h"
+
+namespace zolva {
+
+bool hasDisplay()
+{
+    return true;
+}
+
+} // namespace zolva

@@ -1,0 +1,50 @@
+#include "desktop/OpenPlaces.h"
+
+#import <AppKit/AppKit.h>
+
+namespace zolva {
+
+namespace {
+
+NSString* textOf(const std::string& path)
+{
+    return [NSFileManager.defaultManager stringWithFileSystemRepresentation:path.c_str()
+                                                                     length:path.size()];
+}
+
+void openTrash(const Places& places)
+{
+    NSURL* folder = [NSURL fileURLWithPath:textOf(places.trashFolder) isDirectory:YES];
+    if (![NSWorkspace.sharedWorkspace openURL:folder]) {
+        places.tell(cannotOpen(placewords::trash, places.trashFolder));
+    }
+}
+
+void openLogFolder(const Places& places)
+{
+    if (![NSWorkspace.sharedWorkspace selectFile:nil
+                        inFileViewerRootedAtPath:textOf(places.logFolder)]) {
+        places.tell(cannotOpen(placewords::logFolder, places.logFolder));
+    }
+}
+
+void openAccessSettings(const Places& places)
+{
+    NSURL* url = [NSURL
+        URLWithString:
+            @"x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"];
+    if (url && ![NSWorkspace.sharedWorkspace openURL:url]) {
+        places.tell(QString::fromUtf8(placewords::accessSettings));
+    }
+}
+
+} // namespace
+
+AppDoors systemDoors(Places places)
+{
+    return {.accessSettings = [places] { openAccessSettings(places); },
+            .logFolder = [places] { openLogFolder(places); },
+            .trash = [places] { openTrash(places); }};
+}
+
+} // namespace zolva
