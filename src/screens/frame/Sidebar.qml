@@ -26,10 +26,11 @@ FocusScope {
         property int place: 0
 
         function step(from: int, by: int) {
-            place = Math.max(0, Math.min(count - 1, from + by));
+            const next = Math.max(0, Math.min(count - 1, from + by));
             if (by !== 0)
-                (itemAtIndex(place) as SidebarEntry).row.forceActiveFocus(Qt.TabFocusReason);
-            positionViewAtIndex(place, ListView.Contain);
+                (itemAtIndex(next) as SidebarEntry).row.forceActiveFocus(Qt.TabFocusReason);
+            place = next;
+            positionViewAtIndex(next, ListView.Contain);
         }
 
         Accessible.name: "Screens"
