@@ -11,6 +11,13 @@ Rectangle {
     height: 640
     width: 900
 
+    BlurredSymbol {
+        color: Theme.palette.accentTint
+        name: "gearshape.fill"
+        x: 380
+        y: 150
+    }
+
     Column {
         spacing: 14
         x: 24
@@ -235,15 +242,6 @@ Rectangle {
         }
     }
 
-    BlurredSymbol {
-        color: Theme.palette.accentTint
-        name: "gearshape.fill"
-        size: 230
-        x: 640
-        y: 360
-        z: -1
-    }
-
     NoiseOverlay {
         anchors.fill: parent
         opacity: 0.04
@@ -253,7 +251,12 @@ Rectangle {
         name: "KitGallery"
         when: windowShown
 
+        function init() {
+            Motion.reduced = true; // two pictures are compared
+        }
+
         function cleanup() {
+            Motion.reduced = false;
             Theme.light = true;
         }
 

@@ -41,7 +41,7 @@ T.Menu {
         currentIndex: menu.currentIndex
         implicitHeight: contentHeight
         interactive: contentHeight > height
-        keyNavigationEnabled: true
+        keyNavigationEnabled: false
         model: menu.contentModel
     }
     delegate: PopupItem {

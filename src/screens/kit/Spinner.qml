@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Window
 import Zolva.Kit
 
 /// Something is going on. It turns in few steps, only while it can be seen, and stands still where
