@@ -77,10 +77,10 @@ TestCase {
         });
         compare(made.offset, 0);
         const grown = findChild(made, "growing");
-        grown.height = 300;
+        grown.implicitHeight = 300;
         waitForRendering(made);
         compare(made.offset, 0);
-        grown.height = 20;
+        grown.implicitHeight = 20;
         waitForRendering(made);
         compare(made.offset, 0);
     }
@@ -211,7 +211,7 @@ TestCase {
         id: growing
 
         Item {
-            height: 100
+            implicitHeight: 100
             objectName: "growing"
         }
     }

@@ -72,14 +72,14 @@ FocusScope {
                 onRescan: page.rescan()
             }
 
-            Loader {
-                sourceComponent: page.header
+            Slot {
+                component: page.header
                 width: parent.width
             }
         }
 
-        footer: Loader {
-            sourceComponent: page.footer
+        footer: Slot {
+            component: page.footer
             width: list.width
         }
         T.ScrollBar.vertical: PageScrollBar {

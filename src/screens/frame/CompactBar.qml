@@ -63,8 +63,8 @@ Item {
             onClicked: bar.rescan()
         }
 
-        Loader {
-            sourceComponent: bar.trailing
+        Slot {
+            component: bar.trailing
             visible: item !== null
         }
     }

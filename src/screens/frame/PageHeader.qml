@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Layouts
 import Zolva.Frame
 import Zolva.Kit
 
@@ -15,54 +14,52 @@ Item {
 
     signal rescan
 
-    implicitWidth: row.implicitWidth + 80
-    implicitHeight: row.implicitHeight + 60
+    implicitHeight: Math.max(words.height, deeds.height) + 60
 
-    RowLayout {
-        id: row
+    Column {
+        id: words
 
+        spacing: 2
+        width: header.width - 80 - (deeds.width > 0 ? deeds.width + 10 : 0)
+        x: 40
+        y: 40
+
+        Label {
+            Accessible.role: Accessible.Heading
+            elide: Text.ElideRight
+            size: 28
+            text: header.title
+            tracking: -0.6
+            weight: Font.Bold
+            width: parent.width
+        }
+
+        Label {
+            color: Theme.palette.label2
+            size: 13.5
+            text: header.subtitle
+            visible: header.subtitle !== ""
+            width: parent.width
+            wrapMode: Text.WordWrap
+        }
+    }
+
+    Row {
+        id: deeds
+
+        anchors.verticalCenter: words.verticalCenter
         spacing: 10
-
-        anchors {
-            fill: parent
-            leftMargin: 40
-            rightMargin: 40
-            topMargin: 40
-            bottomMargin: 20
-        }
-
-        ColumnLayout {
-            Layout.fillWidth: true
-            Layout.alignment: Qt.AlignVCenter
-            spacing: 2
-
-            Label {
-                Layout.fillWidth: true
-                Accessible.role: Accessible.Heading
-                elide: Text.ElideRight
-                size: 28
-                text: header.title
-                tracking: -0.6
-                weight: Font.Bold
-            }
-
-            Label {
-                Layout.fillWidth: true
-                color: Theme.palette.label2
-                size: 13.5
-                text: header.subtitle
-                visible: header.subtitle !== ""
-                wrapMode: Text.WordWrap
-            }
-        }
+        x: header.width - width - 40
 
         RescanButton {
+            anchors.verticalCenter: parent.verticalCenter
             visible: header.canRescan
             onClicked: header.rescan()
         }
 
-        Loader {
-            sourceComponent: header.trailing
+        Slot {
+            anchors.verticalCenter: parent.verticalCenter
+            component: header.trailing
             visible: item !== null
         }
     }

@@ -23,8 +23,8 @@ Item {
 
         anchors {
             fill: parent
-            leftMargin: 12
-            rightMargin: 12
+            leftMargin: 10
+            rightMargin: 10
             topMargin: 11
             bottomMargin: 15
         }
@@ -83,7 +83,7 @@ Item {
 
         Label {
             Layout.fillWidth: true
-            Layout.leftMargin: 12
+            Layout.leftMargin: 16
             color: Theme.palette.label3
             elide: Text.ElideRight
             lineHeight: 1.2

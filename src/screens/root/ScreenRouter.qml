@@ -1,5 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zolva.Frame
 import Zolva.Model
 import Zolva.Screens.Analyze
 import Zolva.Screens.Clean
@@ -16,9 +17,9 @@ Item {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        sourceComponent: {
+        component: {
             switch (router.model.screen) {
             case "home":
                 return home;
