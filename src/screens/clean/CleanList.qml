@@ -32,7 +32,7 @@ FocusScope {
             width: ListView.view.width
         }
         footer: Item {
-            height: 24
+            implicitHeight: 24
         }
         header: Component {
             CleanSummary {

@@ -1,5 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zolva.Frame
 import Zolva.Kit
 import Zolva.Model
 import Zolva.Screens.Clean
@@ -114,16 +115,20 @@ FocusScope {
         }
     }
 
-    Loader {
+    Slot {
         id: paths
 
-        active: row.open
-        height: active ? implicitHeight : 0
+        component: row.open ? opened : null
+        height: implicitHeight
         width: head.width - 51 - 18
         x: head.x + 51
         y: head.height
+    }
 
-        sourceComponent: CleanPaths {
+    Component {
+        id: opened
+
+        CleanPaths {
             detail: row.detail
             lines: row.lines
             more: row.more

@@ -10,10 +10,9 @@ FocusScope {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        focus: true
-        sourceComponent: screen.model.clean.page === CleanModel.List ? list : welcome
+        component: screen.model.clean.page === CleanModel.List ? list : welcome
     }
 
     Component {

@@ -10,10 +10,9 @@ FocusScope {
 
     required property ScreenModel model
 
-    Loader {
+    Slot {
         anchors.fill: parent
-        focus: true
-        sourceComponent: screen.model.home.isWelcome ? welcome : page
+        component: screen.model.home.isWelcome ? welcome : page
     }
 
     Component {

@@ -51,7 +51,7 @@ OverlayCard {
     }
 
     ColumnLayout {
-        Layout.alignment: Qt.AlignHCenter
+        Layout.fillWidth: true
         Layout.topMargin: 16
         spacing: 9
 
