@@ -31,10 +31,12 @@ void AppDelegate::setWindow(QWindow* window)
 
 void AppDelegate::shouldTerminate()
 {
-    if (m_model) {
-        m_model->quit()->ask();
-    } else {
+    if (!m_model) {
         Q_EMIT terminate();
+    } else if (m_model->quit()->isAsking()) {
+        shouldHandleReopen();
+    } else {
+        m_model->quit()->ask();
     }
 }
 
