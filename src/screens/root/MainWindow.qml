@@ -18,6 +18,7 @@ Window {
     minimumHeight: 660
     minimumWidth: 980
     title: "Zolva"
+    visible: true
     width: 1220
 
     onClosing: close => {
