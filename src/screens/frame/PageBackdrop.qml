@@ -28,8 +28,8 @@ Item {
             "status": "waveform.path.ecg",
             "settings": "gearshape.fill"
         })
-    /// Smooth where the graphics hardware moves it. Else in steps of at most two pixels: each one
-    /// draws the whole window, and more of them would not be seen.
+    /// Smooth where the graphics hardware moves it. Else in steps of few pixels, each of which
+    /// draws the whole window: so blurred a shape does not show them.
     readonly property int stepTime: 250
 
     function move(milliseconds: real) {
