@@ -234,6 +234,17 @@ ScreenCase {
         compare(endY(place(typed("CollapsingPage"))), place(bar).y);
     }
 
+    function test_nothingFadesUnderASheet() {
+        fixture.categories(2, 1);
+        fixture.pickAll("clean");
+        showWindow("clean");
+        fixture.openSheet("erase");
+        settle();
+        compare(spoken("Clean 3.0 MB").opacity, 1);
+        compare(typed("CollapsingPage").opacity, 1);
+        compare(allTyped("CheckBox").map(box => box.opacity), [1, 1]);
+    }
+
     function test_aRunTakesThePlaceOfTheBarAndHoldsThePage() {
         fixture.categories(3, 2);
         open();

@@ -78,11 +78,11 @@ FocusScope {
 
         activeFocusOnTab: row.isCurrent
         desc: row.desc
-        enabled: row.tickable
         focus: row.tickable
         name: row.name
         openerHovered: opener.hovering
         spokenValue: row.spokenValue
+        tickable: row.tickable
         ticked: row.ticked
         trailing: row.trailing
         trailingKind: row.trailingKind
