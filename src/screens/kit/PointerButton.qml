@@ -13,7 +13,6 @@ T.AbstractButton {
     property string spokenName: text
     property string spokenValue
     property string spokenHint
-    property int spokenRole: Accessible.Button
     property real ringRadius: 6
     property real ringInset: -3
 
@@ -35,9 +34,7 @@ T.AbstractButton {
     Accessible.description: spokenValue && spokenHint ? spokenValue + ". " + spokenHint : spokenValue + spokenHint
     Accessible.focusable: enabled // Qt before 6.5 tells nothing more of a disabled item
     Accessible.name: spokenName
-    Accessible.role: spokenRole
-    // The toolkit gives every button its own role, each time that somebody begins to listen.
-    Accessible.onRoleChanged: Accessible.role = spokenRole
+    Accessible.role: Accessible.Button
     Keys.onEnterPressed: event => button.pressByKey(event)
     Keys.onReturnPressed: event => button.pressByKey(event)
     activeFocusOnTab: enabled
