@@ -366,7 +366,7 @@ ScreenCase {
     }
 
     function test_thePointerReachesNothingBehindTheSheet() {
-        fixture.categories(8, 1);
+        fixture.categories(40, 1);
         fixture.pickAll("clean");
         showWindow("clean");
         fixture.openSheet("erase");
@@ -378,8 +378,10 @@ ScreenCase {
         compare(fixture.model.screen, "clean");
         fixture.openSheet("erase");
         settle();
-        mouseClick(row, 60, 30);
         mouseWheel(row, 60, 30, 0, -1200);
+        settle();
+        compare(list.contentY, list.originY);
+        mouseClick(row, 60, 30);
         settle();
         verify(row.ticked);
         compare(list.contentY, list.originY);
