@@ -389,6 +389,26 @@ ScreenCase {
         compare(list.contentY, list.originY);
     }
 
+    function test_theSecondPressOfADoubleClickReachesNothingBehindTheSheet() {
+        Motion.reduced = false;
+        fixture.categories(12, 1);
+        fixture.pickAll("clean");
+        showWindow("clean");
+        fixture.openSheet("erase");
+        tryCompare(sheet(), "arrival", 1);
+        const cancel = place(spoken("Cancel"));
+        const x = cancel.x + cancel.width / 2;
+        const y = cancel.y + cancel.height / 2;
+        mouseClick(view, x, y);
+        verify(!fixture.model.confirm.isOpen);
+        verify(sheet().visible);
+        mouseClick(view, x, y);
+        compare(allTyped("CleanRow").filter(row => !row.ticked).length, 0);
+        tryCompare(sheet(), "visible", false);
+        mouseClick(view, x, y);
+        compare(allTyped("CleanRow").filter(row => !row.ticked).length, 1);
+    }
+
     function test_theKeyboardComesBackToWhereItWas() {
         fixture.categories(2, 1);
         fixture.pickAll("clean");
