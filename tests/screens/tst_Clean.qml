@@ -294,6 +294,16 @@ ScreenCase {
         verify(fixture.calls.filter(call => call.startsWith("trash ")).length <= 2);
     }
 
+    function test_aRunThatWasAskedToEndSaysSo() {
+        fixture.categories(2, 1);
+        open();
+        fixture.setBulk("Cleaning", 4, 1, "~/a");
+        settle();
+        click(spoken("Stop removing"));
+        verify(written("Stopping…"));
+        verify(written("1 of 4"));
+    }
+
     function test_theKeyboardIsOnStopAfterItConfirmed() {
         fixture.categories(2, 1);
         fixture.pickAll("clean");

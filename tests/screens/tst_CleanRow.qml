@@ -133,6 +133,34 @@ ScreenCase {
         compare(lines("Kept").length, 2);
     }
 
+    function test_aRowThatOpensStaysInItsPlaceWhileOneAboveItCloses() {
+        openMany(40, 15);
+        click(opener("Category 2"));
+        const list = typed("CollapsingPage").listView;
+        list.contentY = list.originY + 250;
+        settle();
+        const before = place(row("Category 4")).y;
+        verify(before > 52);
+        click(opener("Category 4"));
+        verify(row("Category 4").open && !row("Category 2").open);
+        // It goes up only as far as its paths need.
+        const after = place(row("Category 4"));
+        verify(after.y <= before && after.y >= 52, after.y);
+        verify(endY(after) <= place(typed("CleanBar")).y + 0.5);
+    }
+
+    function test_theLastRowInSightBringsItsPathsIntoSight() {
+        openMany(10, 5);
+        const list = typed("CollapsingPage").listView;
+        const last = allTyped("CleanRow").filter(row => endY(place(row)) < list.height).pop();
+        click(opener(last.name));
+        verify(last.open);
+        verify(endY(place(last)) <= list.height + 0.5);
+        verify(list.contentY > list.originY);
+        click(opener(last.name));
+        verify(place(last).y >= 0 && endY(place(last)) <= list.height + 0.5);
+    }
+
     function test_anOpenRowIsAsTallAsItsPaths() {
         open(mixed);
         const closed = row("Mixed").height;

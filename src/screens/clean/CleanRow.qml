@@ -44,9 +44,18 @@ FocusScope {
         target.focusReason = Qt.TabFocusReason;
     }
 
-    function setOpen(wanted: bool) {
-        if (open !== wanted)
-            clean.toggleOpen(rowId);
+    /// The row stays where it is, though another one above it may close, and moves only as far as
+    /// brings its paths into sight.
+    function toggleOpen() {
+        const view = ListView.view;
+        const before = y - view.contentY;
+        clean.toggleOpen(rowId);
+        if (open)
+            (paths.item as CleanPaths).forceLayout();
+        view.forceLayout();
+        view.contentY = y - before;
+        view.returnToBounds();
+        view.positionViewAtIndex(index, ListView.Contain);
     }
 
     implicitHeight: head.height + paths.height
@@ -55,8 +64,14 @@ FocusScope {
         if (!isLast)
             stepTo(index + 1);
     }
-    Keys.onLeftPressed: setOpen(false)
-    Keys.onRightPressed: setOpen(true)
+    Keys.onLeftPressed: {
+        if (open)
+            toggleOpen();
+    }
+    Keys.onRightPressed: {
+        if (!open)
+            toggleOpen();
+    }
     Keys.onUpPressed: event => {
         event.accepted = index > 0;
         if (index > 0)
@@ -109,7 +124,7 @@ FocusScope {
         width: 48
         x: head.x + head.width - width
 
-        onClicked: row.clean.toggleOpen(row.rowId)
+        onClicked: row.toggleOpen()
 
         Chevron {
             anchors.centerIn: parent

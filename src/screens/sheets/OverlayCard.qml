@@ -15,6 +15,7 @@ FocusScope {
     property string spokenName
     /// What has the focus when the card appears.
     property Item firstFocus: null
+    readonly property bool isAnswerable: isOpen && !isBehind
     readonly property alias card: card
     default property alias content: body.data
     /// 0 is gone, 1 is there.
@@ -23,23 +24,21 @@ FocusScope {
     signal cancelled
 
     function takeFocus() {
-        if (enabled && firstFocus)
+        if (isAnswerable && firstFocus)
             firstFocus.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    enabled: isOpen && !isBehind
+    // While it goes it still keeps the second press of a double click from what lies behind it.
+    enabled: visible && !isBehind
     opacity: arrival
     visible: arrival > 0
 
-    Keys.onEscapePressed: overlay.cancelled()
-    onEnabledChanged: {
-        if (enabled)
-            Qt.callLater(overlay.takeFocus);
+    Keys.onEscapePressed: {
+        if (isAnswerable)
+            cancelled();
     }
-    Component.onCompleted: {
-        if (enabled)
-            Qt.callLater(overlay.takeFocus);
-    }
+    onIsAnswerableChanged: Qt.callLater(overlay.takeFocus)
+    Component.onCompleted: Qt.callLater(overlay.takeFocus)
 
     Behavior on arrival {
         NumberAnimation {
@@ -59,7 +58,7 @@ FocusScope {
             hoverEnabled: true
 
             onClicked: mouse => {
-                if (overlay.closesOnScrim && mouse.button === Qt.LeftButton)
+                if (overlay.closesOnScrim && overlay.isAnswerable && mouse.button === Qt.LeftButton)
                     overlay.cancelled();
             }
             onWheel: wheel => wheel.accepted = true
@@ -102,6 +101,7 @@ FocusScope {
         ColumnLayout {
             id: body
 
+            enabled: overlay.isAnswerable
             spacing: 0
             width: card.width - 52
             x: 26
