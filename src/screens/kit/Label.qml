@@ -9,6 +9,8 @@ Text {
     property real tracking: 0
     property bool mono: false
 
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
     color: Theme.palette.label
     font: mono ? Face.mono(size, weight) : Face.text(size, weight, tracking)
     linkColor: Theme.palette.accent
