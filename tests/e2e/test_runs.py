@@ -116,7 +116,7 @@ class Quitting(RunCase):
     def quit_by_key(self):
         self.bus.type_key("Control", "q")
         alert = self.dialog(QUIT_TITLE)
-        self.assert_said(["label: " + QUIT_TITLE, "label: " + QUIT_TEXT, "push button: Keep Going",
+        self.assert_said(["heading: " + QUIT_TITLE, "label: " + QUIT_TEXT, "push button: Keep Going",
                           "push button: Stop and Quit"], inside=alert)
         return alert
 

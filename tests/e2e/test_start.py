@@ -3,9 +3,9 @@
 import json
 import os
 
-from driver.case import OWN_FILES, WindowCase
+from driver.case import WindowCase
 from driver.catalog import categories
-from driver.disk import size_text, snapshot
+from driver.disk import size_text
 
 HERO = ("Scanned live with mo across your caches, project folders and downloads. Nothing is deleted, "
         "every command previews first.")
@@ -50,31 +50,32 @@ class Start(WindowCase):
             % (files, size_text(installers)),
             "push button: Uninstall | %d apps installed, —" % apps])
         self.button("Review Clean").press()
-        self.wait(lambda: "selected" in self.node("page tab", "Clean").states, "the Clean screen")
+        self.wait_for_screen("Clean")
 
     def told(self, command):
         """How many a scan by the command line finds, and their sum."""
-        items = json.loads(self.world.ask_control(command, "--json"))
+        (items,) = json.loads(self.world.ask_control(command, "--json")).values()
         return len(items), sum(item["b"] for item in items)
 
     def told_apps(self):
-        return json.loads(self.world.ask_control("apps", "--json"))
+        (apps,) = json.loads(self.world.ask_control("apps", "--json")).values()
+        return apps
 
     def test_every_screen_is_a_key_away(self):
         self.start()
         for number, name in enumerate(("Home", "Clean", "Purge", "Installers", "Uninstall",
                                        "Analyze", "Status", "Settings"), 1):
             self.bus.type_key("Control", str(number))
-            self.wait(lambda name=name: "selected" in self.node("page tab", name).states, name)
+            self.wait_for_screen(name)
 
     def test_nothing_is_written_but_its_own_files(self):
-        before = snapshot(self.world.home, OWN_FILES)
+        before = self.everything()
         self.start()
         self.button("Scan").press()
         self.button("Review Clean")
         self.bus.type_key("Control", "q")
         self.assert_ends()
-        self.assertEqual(snapshot(self.world.home, OWN_FILES), before)
+        self.assert_same(self.everything(), before)
 
     def test_control_and_q_end_it_where_nothing_is_going(self):
         self.start()
@@ -103,7 +104,7 @@ class Blocked(WindowCase):
     blocked = True
 
     def intro_lines(self):
-        return ["label: Zolva can't see everything yet",
+        return ["heading: Zolva can't see everything yet",
                 "label: macOS is withholding %s. Zolva will still work, but anything in them is "
                 "missing from every total it shows you." % LIST,
                 "label: Open Privacy & Security → Full Disk Access",

@@ -3,21 +3,21 @@
 import os
 
 from driver import disk
-from driver.case import OWN_FILES, WindowCase
+from driver.case import WindowCase
 from driver.disk import size_text
 
 
 class Trash(WindowCase):
 
     def test_emptying_deletes_what_lies_in_it_and_nothing_else(self):
-        before = disk.snapshot(self.world.home, OWN_FILES)
+        before = self.everything()
         count, size = self.trash()
         self.start()
         row = self.button("Empty Trash", size_text(size))
         row.press()
         sheet = self.dialog("Empty the Trash?")
         self.assert_said(
-            ["label: Empty the Trash?",
+            ["heading: Empty the Trash?",
              "label: %d items (%s) will be permanently deleted. This cannot be undone."
              % (count, size_text(size)),
              "push button: Cancel | Closes this without removing anything",
@@ -30,15 +30,15 @@ class Trash(WindowCase):
         gone = [".local/share/Trash/files/" + name for name in ("old notes.txt", "build-2022",
                                                                 "screen recording.mov")]
         gone += [".local/share/Trash/info/%s.trashinfo" % os.path.basename(path) for path in gone]
-        self.assertEqual(disk.snapshot(self.world.home, OWN_FILES), disk.without(before, gone))
+        self.assert_same(self.everything(), disk.without(before, gone))
 
     def test_a_cancelled_emptying_keeps_everything(self):
-        before = disk.snapshot(self.world.home, OWN_FILES)
+        before = self.everything()
         self.start()
         self.button("Empty Trash").press()
         self.button("Cancel", inside=self.dialog("Empty the Trash?")).press()
         self.wait_without("dialog", "Empty the Trash?")
-        self.assertEqual(disk.snapshot(self.world.home, OWN_FILES), before)
+        self.assert_same(self.everything(), before)
 
     def test_what_others_throw_away_is_noticed_and_can_be_emptied(self):
         self.start()

@@ -9,7 +9,7 @@ trap 'rm -rf -- "$folder"' EXIT
 told=$(HOME=/real/home XDG_DATA_HOME=/real/data XDG_CONFIG_HOME=/real/config \
     XDG_STATE_HOME=/real/state XDG_CACHE_HOME=/real/cache XDG_RUNTIME_DIR=/real/run \
     DBUS_SESSION_BUS_ADDRESS=unix:path=/real/bus SESSION_MANAGER=/real/manager OTHER=/real/other \
-    XAUTHORITY='' DISPLAY=:9 WAYLAND_DISPLAY=wayland-0 "$program" "$folder/demo" env)
+    PATH="$PATH:/real/home/bin" XAUTHORITY='' DISPLAY=:9 WAYLAND_DISPLAY=wayland-0 "$program" "$folder/demo" env)
 
 fail() {
     printf '%s\n' "$1" "$told" >&2

@@ -129,6 +129,19 @@ TestCase {
         mouseClick(made, 300, 100);
         verify(test.pressed >= 0);
     }
+    function test_aDimmedPageShowsNoRowThroughItsBar() {
+        const made = page({
+            "delegate": reds,
+            "opacity": 0.5
+        });
+        waitForRendering(made);
+        scrollTo(made, 300);
+        waitForRendering(made);
+        const image = grabImage(made);
+        for (let y = 0; y < 52; ++y)
+            fuzzyCompare(image.green(350, y), image.red(350, y), 8);
+        verify(image.red(350, 80) > image.green(350, 80) + 40);
+    }
     function test_theArrowsMoveTheFocusFromRowToRowAndThePageFollows() {
         const made = page({});
         waitForRendering(made);
@@ -204,6 +217,16 @@ TestCase {
                 width: 700
                 onClicked: test.pressed = index
             }
+        }
+    }
+
+    Component {
+        id: reds
+
+        Rectangle {
+            color: "red"
+            height: 46
+            width: 700
         }
     }
 

@@ -57,7 +57,7 @@ ActionBar {
         PillButton {
             enabled: bar.clean.canClean
             font: Face.text(13.5, Font.DemiBold)
-            opacity: enabled ? 1 : 0.45
+            opacity: bar.clean.canClean ? 1 : 0.45
             radius: 9
             role: PillButton.Accent
             title: bar.clean.buttonTitle

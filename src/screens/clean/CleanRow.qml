@@ -23,20 +23,25 @@ FocusScope {
     required property string spokenValue
     required property list<pathLine> lines
     required property string more
-    /// The one that the Tab key comes to.
-    readonly property bool isCurrent: ListView.isCurrentItem || (index === 0
-                                                                 && ListView.view.currentIndex < 0)
+    /// The one that the Tab key comes to; what has the focus cannot give that up.
+    readonly property bool isCurrent: ListView.isCurrentItem || activeFocus || (index === 0
+                                                        && ListView.view.currentIndex < 0)
     readonly property bool isLast: index === ListView.view.count - 1
 
     function stepTo(place: int) {
         const view = ListView.view;
+        // There and in its place before it gets the focus, so that the page can follow.
+        view.positionViewAtIndex(place, ListView.Contain);
         view.currentIndex = place;
         (view.currentItem as CleanRow).takeFocus();
     }
 
     /// What cannot be ticked can still be opened.
     function takeFocus() {
-        (tickable ? head : opener).forceActiveFocus(Qt.TabFocusReason);
+        const target = tickable ? head : opener;
+        target.forceActiveFocus(Qt.TabFocusReason);
+        // The list may have given it the focus before, and for a reason without a ring.
+        target.focusReason = Qt.TabFocusReason;
     }
 
     function setOpen(wanted: bool) {
@@ -46,8 +51,7 @@ FocusScope {
 
     implicitHeight: head.height + paths.height
 
-    Keys.onDownPressed: event => {
-        event.accepted = !isLast;
+    Keys.onDownPressed: {
         if (!isLast)
             stepTo(index + 1);
     }
@@ -74,11 +78,11 @@ FocusScope {
 
         activeFocusOnTab: row.isCurrent
         desc: row.desc
-        enabled: row.tickable
         focus: row.tickable
         name: row.name
         openerHovered: opener.hovering
         spokenValue: row.spokenValue
+        tickable: row.tickable
         ticked: row.ticked
         trailing: row.trailing
         trailingKind: row.trailingKind

@@ -9,14 +9,16 @@ PointerButton {
 
     required property string name
     required property string desc
+    required property bool tickable
     required property bool ticked
     required property string trailing
     required property int trailingKind
     required property bool openerHovered
     readonly property bool isSize: trailingKind === CleanRows.Size
 
-    Accessible.checkable: enabled
+    Accessible.checkable: tickable
     Accessible.checked: ticked
+    enabled: tickable
     implicitHeight: 62
     ringInset: 4
     ringRadius: 13
@@ -35,7 +37,7 @@ PointerButton {
         id: box
 
         anchors.verticalCenter: parent.verticalCenter
-        dimmed: !head.enabled
+        dimmed: !head.tickable
         on: head.ticked
         x: 18
     }
@@ -43,6 +45,7 @@ PointerButton {
     Label {
         id: title
 
+        Accessible.ignored: true
         anchors.left: box.right
         anchors.leftMargin: 14
         anchors.right: amount.left
@@ -57,6 +60,7 @@ PointerButton {
     Label {
         id: words
 
+        Accessible.ignored: true
         anchors.left: title.left
         anchors.right: title.right
         anchors.top: title.bottom
@@ -71,6 +75,7 @@ PointerButton {
     Label {
         id: amount
 
+        Accessible.ignored: true
         anchors.right: parent.right
         anchors.rightMargin: 48
         anchors.verticalCenter: parent.verticalCenter

@@ -43,56 +43,69 @@ FocusScope {
             list.contentY = bottom - list.height + 16;
     }
 
-    ListView {
-        id: list
+    // Under the full bar nothing is drawn: a page that is dimmed as a whole would show it through.
+    Item {
+        id: sight
 
-        // The page stays at its top while what is above the rows grows or shrinks.
-        property bool atTop: true
-
-        anchors.fill: parent
-        boundsBehavior: Flickable.StopAtBounds
-        cacheBuffer: 400
         clip: true
-        currentIndex: -1
-        keyNavigationEnabled: false
-        model: 0
+        height: page.height - y
+        width: page.width
+        y: page.progress < 1 ? 0 : bar.height
 
-        header: Column {
-            width: list.width
+        ListView {
+            id: list
 
-            PageHeader {
-                canRescan: page.canRescan
-                enabled: page.progress < 0.5
-                // Out of sight it is out of reach of the keyboard, too; its room stays.
-                opacity: 1 - page.progress
-                subtitle: page.subtitle
-                title: page.title
-                trailing: page.trailing
-                width: parent.width
-                onRescan: page.rescan()
+            // The page stays at its top while what is above the rows grows or shrinks.
+            property bool atTop: true
+
+            boundsBehavior: Flickable.StopAtBounds
+            cacheBuffer: 400
+            currentIndex: -1
+            height: page.height
+            highlightFollowsCurrentItem: false
+            keyNavigationEnabled: false
+            model: 0
+            width: page.width
+            y: -sight.y
+
+            header: Column {
+                width: list.width
+
+                PageHeader {
+                    canRescan: page.canRescan
+                    // Out of sight it is out of reach of the keyboard, too.
+                    enabled: page.progress < 0.5
+                    opacity: 1 - page.progress
+                    subtitle: page.subtitle
+                    title: page.title
+                    trailing: page.trailing
+                    width: parent.width
+                    onRescan: page.rescan()
+                }
+
+                Slot {
+                    component: page.header
+                    width: parent.width
+                }
             }
 
-            Slot {
-                component: page.header
-                width: parent.width
+            footer: Slot {
+                component: page.footer
+                width: list.width
             }
-        }
 
-        footer: Slot {
-            component: page.footer
-            width: list.width
-        }
-        T.ScrollBar.vertical: PageScrollBar {
-            topPadding: bar.height + 3
-        }
+            T.ScrollBar.vertical: PageScrollBar {
+                topPadding: bar.height + 3
+            }
 
-        onContentYChanged: atTop = contentY <= originY + 0.5
-        onOriginYChanged: {
-            if (atTop)
-                contentY = originY;
+            onContentYChanged: atTop = contentY <= originY + 0.5
+            onOriginYChanged: {
+                if (atTop)
+                    contentY = originY;
+            }
+            Keys.onUpPressed: event => event.accepted = reach.step(false)
+            Keys.onDownPressed: event => event.accepted = reach.step(true)
         }
-        Keys.onUpPressed: event => event.accepted = reach.step(false)
-        Keys.onDownPressed: event => event.accepted = reach.step(true)
     }
 
     CompactBar {

@@ -39,9 +39,10 @@ Item {
 
     RowLayout {
         enabled: bar.progress >= 0.5
-        opacity: bar.progress
+        // Not before the head has half gone: two titles in one place could not be read.
+        opacity: Math.max(0, 2 * bar.progress - 1)
         spacing: 10
-        visible: bar.progress > 0
+        visible: opacity > 0
 
         anchors {
             fill: parent

@@ -28,8 +28,9 @@ Item {
             "status": "waveform.path.ecg",
             "settings": "gearshape.fill"
         })
-    /// Smooth where the graphics hardware moves it; else at most eight steps a second.
-    readonly property int stepTime: 125
+    /// Smooth where the graphics hardware moves it. Else in steps of few pixels, each of which
+    /// draws the whole window: so blurred a shape does not show them.
+    readonly property int stepTime: 250
 
     function move(milliseconds: real) {
         phase = (phase + milliseconds / Motion.backdrop) % 2;

@@ -63,12 +63,14 @@ FocusScope {
                 id: button
 
                 anchors.centerIn: parent
+                // Out of sight, the keys would still press it.
+                enabled: !welcome.scanning
                 focus: true
                 font: Face.text(15, Font.DemiBold)
                 radius: 10
                 role: PillButton.Accent
                 title: "Scan"
-                visible: !welcome.scanning
+                visible: enabled
                 onClicked: welcome.scan()
             }
 

@@ -21,10 +21,16 @@ FocusScope {
     ListView {
         id: list
 
+        // The row that the Tab key comes to. Not the list's own current item, to which the list would
+        // give the focus without a reason, so that no ring would show.
+        property int place: 0
+
         function step(from: int, by: int) {
-            currentIndex = Math.max(0, Math.min(count - 1, from + by));
+            const next = Math.max(0, Math.min(count - 1, from + by));
             if (by !== 0)
-                (currentItem as SidebarEntry).row.forceActiveFocus(Qt.TabFocusReason);
+                (itemAtIndex(next) as SidebarEntry).row.forceActiveFocus(Qt.TabFocusReason);
+            place = next;
+            positionViewAtIndex(next, ListView.Contain);
         }
 
         Accessible.name: "Screens"
@@ -32,9 +38,9 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         cacheBuffer: 1000
         clip: true
+        currentIndex: -1
         focus: true
         height: footer.y - y
-        highlightFollowsCurrentItem: true
         keyNavigationEnabled: false
         model: sidebar.model.sidebar
         width: parent.width - 20
@@ -44,7 +50,7 @@ FocusScope {
         delegate: SidebarEntry {
             id: entry
 
-            isCurrent: ListView.isCurrentItem
+            isCurrent: index === list.place
             width: list.width
             onChosen: sidebar.model.go(entry.itemId)
             onStepped: by => list.step(entry.index, by)

@@ -12,12 +12,16 @@ Item {
     implicitHeight: item ? item.implicitHeight : 0
     implicitWidth: item ? item.implicitWidth : 0
 
+    // Where the keyboard was inside, it goes on inside.
     onComponentChanged: {
+        const hadFocus = item !== null && item.activeFocus;
         if (item) {
             item.visible = false;
             item.destroy();
         }
         item = component ? component.createObject(slot) as Item : null;
+        if (hadFocus && item)
+            item.forceActiveFocus();
     }
 
     Binding {

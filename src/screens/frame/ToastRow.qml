@@ -19,7 +19,13 @@ Item {
 
     implicitHeight: toast.implicitHeight
 
-    ListView.onRemove: leaving.start()
+    ListView.onRemove: {
+        if (!Motion.reduced) {
+            ListView.delayRemove = true;
+            arrival = 0;
+            leaving.start();
+        }
+    }
     Component.onCompleted: arrival = 1
 
     Behavior on arrival {
@@ -30,30 +36,11 @@ Item {
         }
     }
 
-    SequentialAnimation {
+    Timer {
         id: leaving
 
-        PropertyAction {
-            property: "ListView.delayRemove"
-            target: row
-            value: !Motion.reduced
-        }
-
-        PropertyAction {
-            property: "arrival"
-            target: row
-            value: 0
-        }
-
-        PauseAnimation {
-            duration: 450
-        }
-
-        PropertyAction {
-            property: "ListView.delayRemove"
-            target: row
-            value: false
-        }
+        interval: 450
+        onTriggered: row.ListView.delayRemove = false
     }
 
     ToastView {

@@ -66,12 +66,14 @@ FocusScope {
 
     ConfirmSheet {
         anchors.fill: parent
+        isBehind: root.isHeld
         model: root.model
     }
 
     AccessIntro {
         access: root.model.access
         anchors.fill: parent
+        isBehind: root.model.quit.isAsking
     }
 
     QuitAlert {

@@ -108,9 +108,11 @@ class Node:
         """One line: role, name, description and what is out of the ordinary about the states."""
         states = self.states
         marks = [mark for mark in ("checked", "selected", "expanded") if mark in states]
-        if "enabled" not in states:
+        role = self.role
+        # The toolkit tells of a button that cannot be pressed only that it takes no focus.
+        if "enabled" not in states or role == "push button" and "focusable" not in states:
             marks.append("disabled")
-        line = "%s: %s" % (self.role, self.name)
+        line = "%s: %s" % (role, self.name)
         if self.description:
             line += " | " + self.description
         return line + ("".join(" [%s]" % mark for mark in marks))

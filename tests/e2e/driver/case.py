@@ -6,15 +6,16 @@ import os
 import unittest
 
 from driver.bus import Bus, Gone
-from driver.disk import blocks, size_text
+from driver.disk import blocks, size_text, snapshot
 from driver.world import World
 
 # Long enough for a busy machine and a slow build; nothing waits as long where all is well.
-PATIENCE = 30
+PATIENCE = int(os.environ.get("ZOLVA_PATIENCE", "30"))
 
 # What the program and the libraries it draws with keep for themselves in a home.
-OWN_FILES = (".config/zolva", ".local/state/zolva", ".cache/zolva", ".cache/mesa_shader_cache",
-             ".cache/fontconfig", ".cache/qtshadercache-x86_64-little_endian-lp64")
+OWN_FILES = (".config/zolva", ".local/state/zolva", ".cache/zolva", "Library/Logs/Zolva",
+             ".cache/mesa_shader_cache", ".cache/fontconfig",
+             ".cache/qtshadercache-x86_64-little_endian-lp64")
 
 
 class WindowCase(unittest.TestCase):
@@ -45,7 +46,9 @@ class WindowCase(unittest.TestCase):
         """Starts the program and waits for its window."""
         self.process = self.world.start_program(**how)
         self.application = self.wait(self._registered, "the program on the accessibility bus")
-        return self.wait(self.window, "the window")
+        window = self.wait(self.window, "the window")
+        self.wait(lambda: "active" in window.states, "a window that takes keys")
+        return window
 
     def _registered(self):
         self.assert_goes_on()
@@ -98,10 +101,16 @@ class WindowCase(unittest.TestCase):
 
         self.wait(look, "a window without %s “%s”" % (role, name))
 
+    def row_of(self, screen):
+        """The row of a screen in the sidebar."""
+        return self.button(screen, inside=self.node("page tab list", "Screens"))
+
+    def wait_for_screen(self, screen):
+        self.wait(lambda: "selected" in self.row_of(screen).states, "the screen " + screen)
+
     def go(self, screen):
-        self.node("page tab", screen).press()
-        self.wait(lambda: "selected" in self.node("page tab", screen).states,
-                  "%s as the selected screen" % screen)
+        self.row_of(screen).press()
+        self.wait_for_screen(screen)
 
     def assert_said(self, expected, inside=None):
         """Everything that is shown, in order, word for word; nothing more and nothing less."""
@@ -143,7 +152,7 @@ class WindowCase(unittest.TestCase):
             if head:
                 lines.append("heading: " + head)
             chip = (chips or {}).get(label)
-            lines.append("page tab: " + label + (" | " + chip if chip else "")
+            lines.append("push button: " + label + (" | " + chip if chip else "")
                          + (" [selected]" if label == selected else ""))
         count, size = self.trash()
         if count:
@@ -159,6 +168,20 @@ class WindowCase(unittest.TestCase):
 
     def home(self, *parts):
         return os.path.join(self.world.home, *parts)
+
+    def everything(self):
+        """All that lies in the home and is not the program's own."""
+        return snapshot(self.world.home, OWN_FILES)
+
+    def assert_same(self, found, expected):
+        """Two snapshots; only what differs is told."""
+        lines = []
+        for short in sorted(found.keys() | expected.keys()):
+            if found.get(short) != expected.get(short):
+                lines.append("%s: %s, expected %s"
+                             % (short, found.get(short), expected.get(short)))
+        if lines:
+            self.fail("the disk differs:\n" + "\n".join(lines[:40]))
 
     def trash_files(self):
         return self.home(".local/share/Trash/files")

@@ -59,7 +59,7 @@ class World:
         self.root = tempfile.mkdtemp(prefix="zolva-e2e-", dir="/tmp")
         self.home = os.path.join(self.root, "home")
         self.env = {}
-        self.bus_address = ""
+        self.outer_env = {}
         try:
             self._make_home(blocked)
             self._start()
@@ -72,7 +72,7 @@ class World:
         if blocked:
             args.append("--blocked")
         subprocess.run(args, check=True, stderr=subprocess.DEVNULL)
-        for name in ("run", "tmp", "bus"):
+        for name in ("run", "tmp", "bus", "home/.cache"):
             os.mkdir(os.path.join(self.root, name), 0o700)
         home = self.home
         self.env = {
@@ -86,11 +86,16 @@ class World:
             "XDG_RUNTIME_DIR": os.path.join(self.root, "run"),
             "TMPDIR": os.path.join(self.root, "tmp"),
             "GSETTINGS_BACKEND": "memory",
-            "NO_AT_BRIDGE": "0",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
             "QT_QPA_PLATFORM": "xcb",
             "LIBGL_ALWAYS_SOFTWARE": "1",
         }
+        # What is around the program keeps its files elsewhere.
+        outside = os.path.join(self.root, "outside")
+        os.mkdir(outside)
+        self.outer_env = {"PATH": self.env["PATH"], "LANG": "C.UTF-8", "HOME": outside,
+                          "XDG_RUNTIME_DIR": self.env["XDG_RUNTIME_DIR"],
+                          "GSETTINGS_BACKEND": "memory"}
         for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
             if name in os.environ:
                 self.env[name] = os.environ[name]
@@ -98,8 +103,8 @@ class World:
         self.env["ASAN_OPTIONS"] = self.env.get("ASAN_OPTIONS", "") + ":detect_leaks=0"
 
     def _start(self):
-        self.env["DISPLAY"] = self._start_display()
-        self.env["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
+        self._tell_all("DISPLAY", self._start_display())
+        self._tell_all("DBUS_SESSION_BUS_ADDRESS", self._start_bus())
         self.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
         config = os.path.join(self.root, "window-manager.xml")
         with open(config, "w", encoding="utf-8") as out:
@@ -107,6 +112,9 @@ class World:
         ready = os.path.join(self.root, "window-manager-ready")
         self.spawn(["openbox", "--config-file", config, "--startup", "touch " + ready])
         self._until(lambda: os.path.exists(ready), "the window manager")
+
+    def _tell_all(self, name, value):
+        self.env[name] = self.outer_env[name] = value
 
     def _start_display(self):
         reading, writing = os.pipe()
@@ -138,10 +146,10 @@ class World:
                 raise RuntimeError("%s did not start" % what)
             time.sleep(0.02)
 
-    def spawn(self, args, stdout=None, pass_fds=(), log=None):
+    def spawn(self, args, stdout=None, pass_fds=(), log=None, env=None):
         """A process that ends with the world, silent unless it is to be heard."""
         with open(log or os.devnull, "ab") as out:
-            child = subprocess.Popen(args, env=self.env, cwd=self.root, stdin=subprocess.DEVNULL,
+            child = subprocess.Popen(args, env=env or self.outer_env, cwd=self.root, stdin=subprocess.DEVNULL,
                                      stdout=stdout or out, stderr=out, pass_fds=pass_fds,
                                      preexec_fn=_end_with_parent)
         self.children.append(child)
@@ -157,7 +165,7 @@ class World:
             inject = "inject=renameat2:delay_enter=%d" % (delay_ms * 1000)
             command = ["strace", "-D", "-f", "--seccomp-bpf", "-qqq", "-o", "/dev/null",
                        "-e", "trace=renameat2", "-e", inject] + command
-        return self.spawn(command, log=self.log_path())
+        return self.spawn(command, log=self.log_path(), env=self.env)
 
     @staticmethod
     def bound_by_modes():
