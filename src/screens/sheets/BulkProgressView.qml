@@ -10,10 +10,6 @@ FocusScope {
 
     required property BulkModel bulk
     property bool canStop: true
-    /// Read by assistive technology, as the place of a bar.
-    readonly property real value: bulk.fraction
-    readonly property real minimumValue: 0
-    readonly property real maximumValue: 1
 
     signal stop
 
