@@ -67,7 +67,7 @@ class CleanCase(WindowCase):
             "" if row.removable else " [disabled]")
         opener = "Hides the list of paths" if is_open else "Shows the list of paths"
         lines = ["push button: %s | %s. %s%s" % (row.name, row.value(is_ticked), HINT, marks),
-                 "push button: %s | %s. %s" % (row.name, row.detail(), opener)]
+                 "push button: %s | %s" % (row.name, opener)]
         if is_open:
             lines.append("label: " + row.detail())
             for path in row.paths[:15]:
@@ -186,10 +186,9 @@ class Clean(CleanCase):
         self.start()
         self.scan()
         for name in ("Application caches", "npm cache"):
-            self.button(name, self.category(name).detail() + ". Shows the list of paths").press()
+            self.button(name, "Shows the list of paths").press()
             self.assert_said(self.page(opened=name))
-        self.button("npm cache",
-                    self.category("npm cache").detail() + ". Hides the list of paths").press()
+        self.button("npm cache", "Hides the list of paths").press()
         self.assert_said(self.page())
 
     def test_a_cancelled_sheet_removes_nothing(self):
@@ -276,7 +275,7 @@ class Exclusions(CleanCase):
         self.start()
         self.scan()
         name = "Application caches"
-        self.button(name, self.category(name).detail() + ". Shows the list of paths").press()
+        self.button(name, "Shows the list of paths").press()
         self.tick(name)
         self.assert_said(self.page([name], opened=name))
         self.assertIn("label: ~/%s | Protected" % self.excluded[0], self.window().said())

@@ -15,12 +15,12 @@ PointerButton {
 
     signal chosen(int place)
 
-    Accessible.role: Accessible.ButtonMenu
     down: pressed || menu.opened
     implicitHeight: 30
     implicitWidth: row.implicitWidth + 24
     ringRadius: 15
     spokenName: label
+    spokenRole: Accessible.ButtonMenu
 
     background: Rectangle {
         color: button.hovering || menu.opened ? Theme.palette.btnHover : Theme.palette.btn

@@ -12,12 +12,12 @@ PointerButton {
     property string chip
     property bool active: false
 
-    Accessible.role: Accessible.PageTab
     Accessible.selectable: true
     Accessible.selected: active
     implicitHeight: 46
     ringRadius: 9
     spokenName: label
+    spokenRole: Accessible.PageTab
     spokenValue: chip
 
     background: Item {

@@ -36,7 +36,8 @@ T.AbstractButton {
     Accessible.focusable: enabled // Qt before 6.5 tells nothing more of a disabled item
     Accessible.name: spokenName
     Accessible.role: spokenRole
-    // The toolkit gives every button its own role, each time that somebody begins to listen.
+    // The toolkit gives every button its own role, each time that somebody begins to listen; before
+    // Qt 6.5 nothing helps against that, and all are told as buttons.
     Accessible.onRoleChanged: Accessible.role = spokenRole
     Keys.onEnterPressed: event => button.pressByKey(event)
     Keys.onReturnPressed: event => button.pressByKey(event)
