@@ -89,6 +89,12 @@ class Runs(RunCase):
         self.assertEqual(list(self.window().find_all("push button", "Select all")), [])
         self.wait(lambda: self.step() is None, "the end of the run")
 
+
+class Stopping(RunCase):
+    """Slower still, so that the item in hand is seen to be finished."""
+
+    delay_ms = 2000
+
     def test_a_stopped_run_leaves_the_rest_where_it_was_and_ticked(self):
         self.confirm()
         self.wait_for_steps(1)
