@@ -64,6 +64,7 @@ bool ZolvaApp::showWindow()
     followMotion(*motion, *m_reducedMotion, *window);
     m_delegate.setWindow(window);
     m_delegate.setModel(&m_screens);
+    window->show();
     return true;
 }
 

@@ -74,7 +74,7 @@ class Runs(RunCase):
         self.assertEqual({total for _, total, _ in seen}, {len(self.going)})
         shown = {self.shortened(path) for path in self.going}
         self.assertEqual({current for _, _, current in seen if current} - shown, set())
-        self.node("alert", "Moved %s to the Trash"
+        self.node("alert message", "Moved %s to the Trash"
                   % size_text(sum(path.size for path in self.going)))
         self.assert_moved(self.before, self.going)
 
@@ -85,16 +85,22 @@ class Runs(RunCase):
     def test_the_list_is_out_of_reach_while_a_run_is_going(self):
         self.confirm()
         row = next(iter(self.window().find_all("push button", "npm cache")))
-        self.assertNotIn("enabled", row.states)
+        self.assertIn("[disabled]", row.describe())
         self.assertEqual(list(self.window().find_all("push button", "Select all")), [])
         self.wait(lambda: self.step() is None, "the end of the run")
+
+
+class Stopping(RunCase):
+    """Slower still, so that the item in hand is seen to be finished."""
+
+    delay_ms = 2000
 
     def test_a_stopped_run_leaves_the_rest_where_it_was_and_ticked(self):
         self.confirm()
         self.wait_for_steps(1)
         self.button("Stop removing", STOP_HINT).press()
         self.node("progress bar", "Stopping…")
-        stopped = self.node("alert", None, "")
+        stopped = self.node("alert message", None, "")
         self.wait(lambda: self.step() is None, "the end of the run")
         done = self.assert_first_were_moved()
         self.assertGreater(done, 0)
@@ -102,7 +108,7 @@ class Runs(RunCase):
         left = len(self.going) - done
         self.assertEqual(stopped.name, "Stopped. %d item%s already removed, %d left alone."
                          % (done, "" if done == 1 else "s", left))
-        self.node("alert", "Moved %s to the Trash"
+        self.node("alert message", "Moved %s to the Trash"
                   % size_text(sum(path.size for path in self.going[:done])))
         self.rows = categories(self.world.home)
         self.total = sum(row.removable for row in self.rows)
@@ -126,7 +132,7 @@ class Quitting(RunCase):
         self.wait_focus("Keep Going")
         self.button("Keep Going", inside=alert).press()
         self.wait_without("dialog", QUIT_TITLE)
-        self.node("alert", "Moved %s to the Trash"
+        self.node("alert message", "Moved %s to the Trash"
                   % size_text(sum(path.size for path in self.going)))
         self.assert_goes_on()
         self.assert_moved(self.before, self.going)
@@ -152,7 +158,7 @@ class Quitting(RunCase):
         # A run that was ended in order is no run that did not finish.
         self.start()
         self.button("Scan")
-        self.assertEqual(list(self.window().find_all("alert")), [])
+        self.assertEqual(list(self.window().find_all("alert message")), [])
 
     def test_a_killed_run_is_told_of_at_the_next_start_once(self):
         self.confirm()
@@ -160,7 +166,7 @@ class Quitting(RunCase):
         self.process.kill()
         self.process.wait()
         self.start()
-        toast = self.node("alert", "A previous clean run didn't finish. Some items may have been "
+        toast = self.node("alert message", "A previous clean run didn't finish. Some items may have been "
                           "removed and others not.")
         self.assert_said(["push button: Show log", "push button: Dismiss notification"],
                          inside=toast)
@@ -168,4 +174,4 @@ class Quitting(RunCase):
         self.assert_ends()
         self.start()
         self.button("Scan")
-        self.assertEqual(list(self.window().find_all("alert")), [])
+        self.assertEqual(list(self.window().find_all("alert message")), [])

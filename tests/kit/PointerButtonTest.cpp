@@ -157,17 +157,6 @@ TEST_F(PointerButtons, APillIsSpokenOfOnceByItsTitle)
     EXPECT_EQ(spoken->childCount(), 0);
 }
 
-TEST_F(PointerButtons, OneKeepsItsOwnRoleWhenSomebodyBeginsToListen)
-{
-    show(
-        R"(PillButton { objectName: "button"; title: "Sort"; spokenRole: Accessible.ButtonMenu })");
-    QAccessible::setActive(true);
-    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(named("button"));
-    const QAccessible::Role role = spoken->role();
-    QAccessible::setActive(false);
-    EXPECT_EQ(role, QAccessible::ButtonMenu);
-}
-
 TEST_F(PointerButtons, ALabelBesideOneIsSpokenAsItsText)
 {
     show(R"(Label { objectName: "label"; text: "Installed applications" })");

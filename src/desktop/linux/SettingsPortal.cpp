@@ -61,6 +61,8 @@ SettingsPortal::SettingsPortal(const QDBusConnection& connection, QObject* paren
       m_watcher(portal, m_bus, QDBusServiceWatcher::WatchForRegistration)
 {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, &SettingsPortal::appeared);
+    // Slots are matched by the names of their types, and this one has none before its first use.
+    qRegisterMetaType<QDBusVariant>();
     m_bus.connect(portal, portalPath, settings, QStringLiteral("SettingChanged"), this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
 }

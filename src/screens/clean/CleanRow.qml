@@ -91,7 +91,7 @@ FocusScope {
     CleanRowHead {
         id: head
 
-        activeFocusOnTab: row.isCurrent
+        activeFocusOnTab: row.isCurrent && row.tickable
         desc: row.desc
         focus: row.tickable
         name: row.name

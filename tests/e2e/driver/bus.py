@@ -38,7 +38,7 @@ class Node:
         self.path = path
 
     def __eq__(self, other):
-        return (self.owner, self.path) == (other.owner, other.path)
+        return isinstance(other, Node) and (self.owner, self.path) == (other.owner, other.path)
 
     def __hash__(self):
         return hash((self.owner, self.path))
