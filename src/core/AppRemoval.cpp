@@ -12,7 +12,8 @@ AppRemoval::AppRemoval(Model model, AppDisk disk, std::string journalFolder,
       m_disk(std::move(disk.disk)), m_processes(std::move(disk.processes)),
       m_scanResidue(std::move(disk.scanResidue)), m_space(model.clock, std::move(disk.space)),
       m_trash(model.clock, model.toasts, m_space, m_disk),
-      m_analyzed(m_disk, model.toasts, m_trash, [this] { return whitelist(); }), m_apps(model.live)
+      m_analyzed(m_disk, model.toasts, m_trash, [this] { return newestWhitelist(); }),
+      m_apps(model.live)
 {}
 
 RunTools AppRemoval::tools()
@@ -24,8 +25,7 @@ RunTools AppRemoval::tools()
             m_model.toasts,
             m_trash,
             m_space,
-            {[&settings] { return settings.keepInTrash(); },
-             [&settings] { return settings.exclusions().whitelist(); }},
+            {[&settings] { return settings.keepInTrash(); }, [this] { return newestWhitelist(); }},
             m_journalFolder,
             m_openTrash};
 }
@@ -33,6 +33,12 @@ RunTools AppRemoval::tools()
 UninstallTools AppRemoval::uninstallTools()
 {
     return {tools(), m_apps, *m_processes, m_scanResidue};
+}
+
+const std::vector<std::string>& AppRemoval::newestWhitelist() const
+{
+    m_model.settings.takeOthersExclusions();
+    return whitelist();
 }
 
 const std::vector<std::string>& AppRemoval::whitelist() const

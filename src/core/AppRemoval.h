@@ -77,6 +77,8 @@ public:
 
 private:
     [[nodiscard]] const std::vector<std::string>& whitelist() const;
+    /// With what other processes have added.
+    [[nodiscard]] const std::vector<std::string>& newestWhitelist() const;
     [[nodiscard]] const std::vector<Category>& categories() const;
     [[nodiscard]] const std::vector<Project>& projects() const;
     [[nodiscard]] ReclaimSources reclaimSources() const;

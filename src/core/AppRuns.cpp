@@ -15,6 +15,7 @@ namespace zolva {
 
 void AppModel::raiseSheet(const std::string& id)
 {
+    m_settings.takeOthersExclusions();
     if (mayRaiseSheet(id, m_removal.sheetFigures())) {
         setSheet(id);
     }

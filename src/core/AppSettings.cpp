@@ -1,5 +1,6 @@
 #include "core/AppSettings.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zolva {
@@ -7,7 +8,12 @@ namespace zolva {
 AppSettings::AppSettings(PrefsStore& store, LiveData& live, QObject* parent)
     : QObject(parent), m_prefs(store), m_live(live)
 {
-    connect(&m_exclusions, &Exclusions::whitelistChanged, this, &AppSettings::savePrefs);
+    // The first who is told: whatever others change in answer is saved.
+    connect(&m_exclusions, &Exclusions::whitelistChanged, this, [this] {
+        if (!std::exchange(m_isTaking, false)) {
+            savePrefs();
+        }
+    });
 }
 
 void AppSettings::setThemeMode(ThemeMode mode)
@@ -68,7 +74,8 @@ void AppSettings::loadPrefs()
     setThreshold(m_prefs.threshold());
     setTouchid(m_prefs.touchid());
     setKeepInTrash(m_prefs.keepInTrash());
-    m_exclusions.setWhitelist(m_prefs.whitelist());
+    m_storedWhitelist = m_prefs.whitelist();
+    m_exclusions.setWhitelist(m_storedWhitelist);
     m_prefsLoaded = true;
 }
 
@@ -77,8 +84,35 @@ void AppSettings::savePrefs()
     if (!m_prefsLoaded) {
         return;
     }
+    takeOthersExclusions();
     m_prefs.save(
         {m_themeMode, m_poll, m_threshold, m_touchid, m_keepInTrash, m_exclusions.whitelist()});
+    m_storedWhitelist = m_prefs.whitelist();
+}
+
+void AppSettings::takeOthersExclusions()
+{
+    if (!m_prefsLoaded) {
+        return;
+    }
+    std::vector<std::string> stored = m_prefs.whitelist();
+    if (stored == m_storedWhitelist) {
+        return;
+    }
+    const auto holds = [](const std::vector<std::string>& list, const std::string& entry) {
+        return std::find(list.begin(), list.end(), entry) != list.end();
+    };
+    std::vector<std::string> list = m_exclusions.whitelist();
+    for (const std::string& entry : stored) {
+        if (!holds(m_storedWhitelist, entry) && !holds(list, entry)) {
+            list.push_back(entry);
+        }
+    }
+    m_storedWhitelist = std::move(stored);
+    if (list != m_exclusions.whitelist()) {
+        m_isTaking = true;
+        m_exclusions.setWhitelist(std::move(list));
+    }
 }
 
 } // namespace zolva

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zolva {
 
@@ -47,6 +48,10 @@ public:
     void loadPrefs();
     /// Does nothing before they are loaded.
     void savePrefs();
+    /// Takes into the list what another process has stored there meanwhile; whoever removes asks
+    /// this first. What another process took out stays: leaving alone too much harms nobody.
+    /// Writes nothing.
+    void takeOthersExclusions();
 
 Q_SIGNALS:
     void themeModeChanged();
@@ -64,7 +69,9 @@ private:
     bool m_touchid = Settings{}.touchid;
     bool m_keepInTrash = Settings{}.keepInTrash;
     Exclusions m_exclusions;
+    std::vector<std::string> m_storedWhitelist; ///< as it was read or written here last
     bool m_prefsLoaded = false;
+    bool m_isTaking = false; ///< the change that is told next is not to be saved
 };
 
 } // namespace zolva

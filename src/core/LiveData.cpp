@@ -113,8 +113,8 @@ QCoro::Task<> LiveData::followStatus(QPointer<LiveData> self, std::shared_ptr<St
     if (stream->failure()) {
         self->setStatusError(userText(*stream->failure()));
     }
-    // The handle may be its successor's by now.
-    if (self && self->m_statusGen == gen) {
+    // The handle may be its successor's by now, or gone with a stream that was stopped.
+    if (self && self->m_statusGen == gen && self->m_statusTask) {
         self->m_statusTask.reset();
         Q_EMIT self->statusEnded();
     }

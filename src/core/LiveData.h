@@ -100,7 +100,7 @@ public:
 Q_SIGNALS:
     void statusChanged(); ///< a new sample, and both series with it
     void statusErrorChanged();
-    void statusEnded(); ///< the running stream, by itself; the error, if any, has been told
+    void statusEnded(); ///< the running stream, by itself, not stopped; its error has been told
     void appsChanged();
     void selectedAppIDChanged();
     void checkedAppsChanged();

@@ -27,17 +27,19 @@ namespace {
 
 using Start = std::function<QCoro::Task<RunReport>(RunTools)>;
 
-/// Shows, asks, removes and tells.
-Answer removal(const Request& request, const Plan& plan, const Start& start)
+/// Shows, asks, removes and tells; what the list covers was left out of the plan.
+Answer removal(const Request& request, const Plan& plan, const Start& start,
+               const std::vector<std::string>& excluded = {})
 {
     if (request.dryRun) {
         return wouldAnswer(request, plan);
     }
-    RemovalSession session(request);
+    RemovalSession session(request, excluded);
     const std::string amount = amountText(plan);
     const std::string question = session.isPermanent() ? "Delete " + amount + " for good?"
                                                        : "Move " + amount + " to the Trash?";
-    if (!confirmed(request, plan, question, session.stop())) {
+    const bool wanted = nothingGoes(plan) || confirmed(request, plan, question, session.stop());
+    if (!wanted || !session.begin()) {
         RunResult nothing;
         nothing.stopped = true;
         return declined(outcomeJson(nothing, Json::array()), request);
@@ -89,8 +91,9 @@ Answer trash(const Request& request)
             plan.push_back(planned(paths[i], sizes[i]));
         }
     }
-    return removal(request, plan,
-                   [&paths](RunTools tools) { return runPaths(std::move(tools), paths); });
+    return removal(
+        request, plan, [&paths](RunTools tools) { return runPaths(std::move(tools), paths); },
+        excluded);
 }
 
 Answer runClean(const Request& request)

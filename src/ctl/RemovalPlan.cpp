@@ -147,16 +147,21 @@ std::string amountText(const Plan& plan)
     return counted(count, "item") + " (" + sizeText(bytes) + ")";
 }
 
+bool nothingGoes(const Plan& plan)
+{
+    return std::all_of(plan.begin(), plan.end(),
+                       [](const PlannedItem& item) { return item.refusal.has_value(); });
+}
+
 bool confirmed(const Request& request, const Plan& plan, const std::string& question,
                const StopSignals& stop)
 {
-    const bool nothingGoes = std::all_of(
-        plan.begin(), plan.end(), [](const PlannedItem& item) { return item.refusal.has_value(); });
-    if (request.yes || nothingGoes) {
-        return true;
+    if (request.yes) {
+        return !stop.wasAsked();
     }
-    const std::string text = planText(plan, shownAtMost, lookOf(STDERR_FILENO));
-    if (writeAll(STDERR_FILENO, text + "\n" + question + " [y/N] ") != 0) {
+    const std::string rows =
+        plan.empty() ? std::string() : planText(plan, shownAtMost, lookOf(STDERR_FILENO)) + "\n";
+    if (writeAll(STDERR_FILENO, rows + question + " [y/N] ") != 0) {
         return false;
     }
     const std::optional<std::string> line = readLine(stop);

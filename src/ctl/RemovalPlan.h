@@ -40,8 +40,11 @@ using Plan = std::vector<PlannedItem>;
 /// "3 items (1.2 MB)" of what would go.
 [[nodiscard]] std::string amountText(const Plan& plan);
 
-/// Shows the plan and asks, unless the answer was given or nothing would go. No answer, and one
-/// that is not "y" or "yes", is a no; so is a request to end the program.
+/// Whether all of it will stay where it is.
+[[nodiscard]] bool nothingGoes(const Plan& plan);
+
+/// Shows the plan and asks, unless the answer was given. No answer, and one that is not "y" or
+/// "yes", is a no; so is a request to end the program, whatever the answer.
 [[nodiscard]] bool confirmed(const Request& request, const Plan& plan, const std::string& question,
                              const StopSignals& stop);
 

@@ -34,9 +34,9 @@ std::unique_ptr<AppModel> windowlessModel(Clock& clock, PrefsStore& store)
 
 } // namespace
 
-RemovalSession::RemovalSession(const Request& request)
+RemovalSession::RemovalSession(const Request& request, std::vector<std::string> excluded)
     : m_permanent(request.permanent || !StoredPrefs().prefs().load().keepInTrash),
-      m_seen(canRedraw(STDERR_FILENO)), m_store(systemPrefsStore())
+      m_excluded(std::move(excluded)), m_seen(canRedraw(STDERR_FILENO)), m_store(systemPrefsStore())
 {}
 
 RemovalSession::~RemovalSession()
@@ -58,10 +58,21 @@ AppModel& RemovalSession::model()
     return *m_model;
 }
 
+bool RemovalSession::begin()
+{
+    static_cast<void>(model());
+    return !m_stop.wasAsked();
+}
+
 RunTools RemovalSession::tools()
 {
     RunTools tools = model().removal().tools();
     tools.settings.keepInTrash = [keep = !m_permanent] { return keep; };
+    tools.settings.whitelist = [stored = tools.settings.whitelist, shown = m_excluded] {
+        std::vector<std::string> all = stored();
+        all.insert(all.end(), shown.begin(), shown.end());
+        return all;
+    };
     return tools;
 }
 
@@ -94,11 +105,12 @@ void RemovalSession::showProgress()
         return;
     }
     m_shown = true;
-    // Progress that cannot be shown is no reason to stop.
-    static_cast<void>(writeAll(STDERR_FILENO, "\r\x1b[K" + bulk->title.toStdString() + "  " +
-                                                  countText(bulk->done) + " of " +
-                                                  countText(bulk->total) + "  " +
-                                                  displayLine(bulk->current.toStdString())));
+    // Cut off at the edge: a line that went on below could not be erased. Progress that cannot be
+    // shown is no reason to stop.
+    static_cast<void>(
+        writeAll(STDERR_FILENO, "\r\x1b[K\x1b[?7l" + bulk->title.toStdString() + "  " +
+                                    countText(bulk->done) + " of " + countText(bulk->total) + "  " +
+                                    displayLine(bulk->current.toStdString()) + "\x1b[?7h"));
 }
 
 void RemovalSession::endProgress()

@@ -22,7 +22,9 @@ namespace zolva::ctl {
 class RemovalSession
 {
 public:
-    explicit RemovalSession(const Request& request);
+    /// What the list covers was not shown as going, so it stays, also where the stored one is
+    /// shorter by the time of the run.
+    explicit RemovalSession(const Request& request, std::vector<std::string> excluded = {});
     ~RemovalSession();
     RemovalSession(const RemovalSession&) = delete;
     RemovalSession& operator=(const RemovalSession&) = delete;
@@ -30,7 +32,10 @@ public:
     /// Built when it is first asked for, so that nothing comes of a removal that nobody wants.
     [[nodiscard]] AppModel& model();
     [[nodiscard]] const StopSignals& stop() const { return m_stop; }
-    /// Of the model, but that what was asked about permanence holds to the end.
+    /// The last look before the run: builds the model, and answers whether nobody asked the program
+    /// to end since the user's word, which the run would only hear of behind its first item.
+    [[nodiscard]] bool begin();
+    /// Of the model, but that what was shown and asked about holds to the end.
     [[nodiscard]] RunTools tools();
     /// Whether what is moved is then deleted: by the setting, or by "--permanent".
     [[nodiscard]] bool isPermanent() const { return m_permanent; }
@@ -56,6 +61,7 @@ private:
     StopSignals m_stop;
     SystemClock m_clock;
     const bool m_permanent;
+    const std::vector<std::string> m_excluded;
     const bool m_seen;
     bool m_shown = false;
     std::unique_ptr<PrefsStore> m_store;

@@ -125,15 +125,17 @@ Answer uninstall(const Request& request)
     if (const auto missing = checkNamed(list, request.operands)) {
         return {{}, "no application is listed at " + displayLine(*missing), Exit::WrongUsage};
     }
-    const Plan plan = isShown(request) ? uninstallPlan(list, request.exclusionList()) : Plan();
+    const std::vector<std::string> excluded = request.exclusionList();
+    const Plan plan = isShown(request) ? uninstallPlan(list, excluded) : Plan();
     if (request.dryRun) {
         return wouldAnswer(request, plan);
     }
-    RemovalSession session(request);
+    RemovalSession session(request, excluded);
     const auto apps = static_cast<std::int64_t>(list.checkedApps().size());
     const std::string question = "Quit and uninstall " + counted(apps, "app") + ", and delete " +
                                  amountText(plan) + " for good?";
-    if (!confirmed(request, plan, question, session.stop())) {
+    // Also where nothing would go: the application is asked to quit all the same.
+    if (!confirmed(request, plan, question, session.stop()) || !session.begin()) {
         return declined(uninstallJson({}, Json::array()), request);
     }
     SystemAppProcesses processes;

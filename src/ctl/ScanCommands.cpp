@@ -46,13 +46,36 @@ Json cleanJson(const std::vector<Category>& categories)
 }
 
 /// Why the path stays where it is; empty where it may go.
+const char* keptText(const std::string& path, const std::vector<std::string>& excluded)
+{
+    return isExcluded(path, excluded) ? "excluded, never touched" : "";
+}
+
 const char* keptText(const CatPath& path, const std::vector<std::string>& excluded)
 {
-    if (path.prot) {
-        return "protected, never removed";
-    }
-    return isExcluded(path.p, excluded) ? "excluded, never touched" : "";
+    return path.prot ? "protected, never removed" : keptText(path.p, excluded);
 }
+
+/// The exclusion list, where something is said of it.
+std::vector<std::string> shownExclusions(const Request& request)
+{
+    return request.json ? std::vector<std::string>() : request.exclusionList();
+}
+
+/// What of a list may go, and what stays.
+struct Sums
+{
+    std::int64_t free = 0;
+    std::int64_t kept = 0;
+
+    void add(std::int64_t bytes, const char* whyKept) { (*whyKept == '\0' ? free : kept) += bytes; }
+
+    [[nodiscard]] std::string line(const std::string& what, const Look& look) const
+    {
+        return what + ": " + painted(sizeText(free), Ink::Strong, look) +
+               (kept > 0 ? " (" + sizeText(kept) + " more is kept)\n" : "\n");
+    }
+};
 
 /// One category: its heading and its paths by their share of it.
 std::string categoryText(const Category& category, const std::vector<std::string>& excluded,
@@ -88,17 +111,14 @@ Answer clean(const Request& request)
     }
     const std::vector<std::string> excluded = request.exclusionList();
     std::string text;
-    std::int64_t free = 0;
-    std::int64_t kept = 0;
+    Sums sums;
     for (const Category& category : categories) {
         text += categoryText(category, excluded, request.look);
         for (const CatPath& path : category.paths) {
-            (*keptText(path, excluded) == '\0' ? free : kept) += path.b;
+            sums.add(path.b, keptText(path, excluded));
         }
     }
-    text += "Can be cleaned: " + painted(sizeText(free), Ink::Strong, request.look);
-    text += kept > 0 ? " (" + sizeText(kept) + " more is kept)\n" : "\n";
-    return {text, {}, {}};
+    return {text + sums.line("Can be cleaned", request.look), {}, {}};
 }
 
 Answer purge(const Request& request)
@@ -110,7 +130,9 @@ Answer purge(const Request& request)
     }
     Json rows = Json::array();
     Table table(
-        {{"SIZE", Side::Right}, {"SHARE"}, {"ARTIFACT"}, {"AGE", Side::Right}, {"PROJECT"}});
+        {{"SIZE", Side::Right}, {"SHARE"}, {"ARTIFACT"}, {"AGE", Side::Right}, {"PROJECT"}, {}});
+    const auto excluded = shownExclusions(request);
+    Sums sums;
     std::int64_t whole = 0;
     for (const Project& project : projects) {
         whole += project.b;
@@ -125,11 +147,14 @@ Answer purge(const Request& request)
             continue;
         }
         const bool recent = project.age < recentDays;
+        const char* kept = keptText(projectKey(project), excluded);
+        sums.add(project.b, kept);
         table.row({{sizeText(project.b), Ink::Strong},
                    {shareBar(project.b, whole), Ink::Bar},
                    {displayLine(project.artifact)},
                    {daysText(project.age), recent ? Ink::Good : Ink::Plain},
-                   {displayLine(project.p)}});
+                   {displayLine(project.p)},
+                   {kept, Ink::Bad}});
     }
     if (request.json) {
         return document({{"projects", rows}});
@@ -137,20 +162,17 @@ Answer purge(const Request& request)
     if (projects.empty()) {
         return {"No build artifacts found in your project folders.\n", {}, {}};
     }
-    return {table.text(request.look) +
-                "\nBuild artifacts: " + painted(sizeText(whole), Ink::Strong, request.look) + "\n",
-            {},
-            {}};
+    return {table.text(request.look) + "\n" + sums.line("Build artifacts", request.look), {}, {}};
 }
 
 Answer installers(const Request& request)
 {
     const std::vector<InstallerItem> items = InstallerScanner::scan(request.now);
     Json rows = Json::array();
-    Table table({{"SIZE", Side::Right}, {"NAME"}, {"FROM"}, {"AGE", Side::Right}, {"PATH"}});
-    std::int64_t whole = 0;
+    Table table({{"SIZE", Side::Right}, {"NAME"}, {"FROM"}, {"AGE", Side::Right}, {"PATH"}, {}});
+    const auto excluded = shownExclusions(request);
+    Sums sums;
     for (const InstallerItem& item : items) {
-        whole += item.b;
         if (request.json) {
             Json& row = rows.emplace_back(Json::object());
             row["name"] = displayText(item.name);
@@ -160,11 +182,14 @@ Answer installers(const Request& request)
             putPath(row, "p", item.p);
             continue;
         }
+        const char* kept = keptText(item.p, excluded);
+        sums.add(item.b, kept);
         table.row({{sizeText(item.b), Ink::Strong},
                    {displayLine(item.name)},
                    {item.src},
                    {daysText(item.age)},
-                   {displayLine(item.p), Ink::Faint}});
+                   {displayLine(item.p), Ink::Faint},
+                   {kept, Ink::Bad}});
     }
     if (request.json) {
         return document({{"installers", rows}});
@@ -172,10 +197,7 @@ Answer installers(const Request& request)
     if (items.empty()) {
         return {"No installers left behind.\n", {}, {}};
     }
-    return {table.text(request.look) +
-                "\nInstallers: " + painted(sizeText(whole), Ink::Strong, request.look) + "\n",
-            {},
-            {}};
+    return {table.text(request.look) + "\n" + sums.line("Installers", request.look), {}, {}};
 }
 
 } // namespace zolva::ctl

@@ -1,6 +1,7 @@
 #include "ctl/StopSignals.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -46,6 +47,12 @@ StopSignals::StopSignals()
     for (std::size_t i = 0; i < taken.size(); ++i) {
         take(taken[i], i);
     }
+}
+
+bool StopSignals::wasAsked() const
+{
+    pollfd end = {m_ends[0], POLLIN, 0};
+    return ::poll(&end, 1, 0) == 1;
 }
 
 void StopSignals::take(int signal, std::size_t place)

@@ -22,6 +22,8 @@ public:
 
     /// Readable from the first request on; for who waits for something else than events.
     [[nodiscard]] int descriptor() const { return m_ends[0]; }
+    /// Whether there was a request, also one that no event loop has told of yet.
+    [[nodiscard]] bool wasAsked() const;
 
 Q_SIGNALS:
     /// Once.

@@ -43,10 +43,10 @@ Sums sumsOf(const Request& request)
         }
     }
     for (const Project& project : scanProjects(request.now, artifactFloor, progress.teller())) {
-        sums.purge += project.b;
+        sums.purge += isExcluded(projectKey(project), excluded) ? 0 : project.b;
     }
     for (const InstallerItem& item : InstallerScanner::scan(request.now)) {
-        sums.installers += item.b;
+        sums.installers += isExcluded(item.p, excluded) ? 0 : item.b;
     }
     sums.trash = readTrash();
     sums.blocked = diskAccess::blockedLocations();

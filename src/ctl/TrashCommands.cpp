@@ -19,6 +19,8 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,14 +29,26 @@ namespace zolva::ctl {
 
 namespace {
 
-/// All that lies in the Trash, with its size where somebody will see it.
-Plan trashPlan(const Request& request)
+using TrashItems = std::vector<KnownItem>;
+
+/// The Trash as it was when the user was asked: what comes into it later was not shown, and stays.
+class ListedTrash final : public LiveRemovalDisk
 {
-    const std::vector<std::string> names = listTrash().value_or(std::vector<std::string>());
+public:
+    explicit ListedTrash(std::optional<TrashItems> items) : m_items(std::move(items)) {}
+    [[nodiscard]] std::optional<TrashItems> listTrash() override { return m_items; }
+
+private:
+    std::optional<TrashItems> m_items;
+};
+
+/// What lies in the Trash, with its size where somebody will see it.
+Plan trashPlan(const Request& request, const TrashItems& items)
+{
     std::vector<std::string> paths;
-    paths.reserve(names.size());
-    for (const std::string& name : names) {
-        paths.push_back(joinedPath(trashFolder(), name));
+    paths.reserve(items.size());
+    for (const KnownItem& item : items) {
+        paths.push_back(joinedPath(trashFolder(), item.at));
     }
     const std::vector<std::int64_t> sizes = sizesToShow(request, paths);
     Plan plan;
@@ -117,17 +131,28 @@ Answer emptyTrash(const Request& request)
     if (const auto refusal = nobodyToAsk(request)) {
         return *refusal;
     }
-    const Plan plan = trashPlan(request);
+    const auto listing = listTrashItems();
+    std::optional<TrashItems> items = listing ? std::optional(*listing) : std::nullopt;
+    if (request.dryRun && !items) {
+        return {{}, "the Trash cannot be read: " + displayLine(listing.error()), Exit::Failed};
+    }
+    const Plan plan = trashPlan(request, items.value_or(TrashItems()));
     if (request.dryRun) {
         return wouldAnswer(request, plan);
     }
     RemovalSession session(request);
     const std::string question = "Delete " + amountText(plan) + " in the Trash for good?";
-    if (!confirmed(request, plan, question, session.stop())) {
+    const bool wanted = nothingGoes(plan) || confirmed(request, plan, question, session.stop());
+    if (wanted) {
+        measure(session.model().removal().trash());
+    }
+    // That may have taken its time, and nothing stops the run.
+    if (!wanted || !session.begin()) {
         return declined(emptiedJson({}, Json::array()), request);
     }
-    measure(session.model().removal().trash());
-    const EmptyReport report = session.finish(zolva::emptyTrash(session.tools()));
+    RunTools tools = session.tools();
+    tools.disk = std::make_shared<ListedTrash>(std::move(items));
+    const EmptyReport report = session.finish(zolva::emptyTrash(std::move(tools)));
     Answer answer = request.json ? document(emptiedJson(report, session.toastsJson()))
                                  : Answer{session.toastsText(), {}, {}};
     if (report.start == RunStart::OtherProcess) {

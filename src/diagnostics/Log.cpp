@@ -1,9 +1,12 @@
 #include "diagnostics/Log.h"
 
 #include "platform/SystemLog.h"
+#include "platform/Utf8Text.h"
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <initializer_list>
 #include <mutex>
 #include <utility>
@@ -135,17 +138,13 @@ void logToTerminal()
 std::string terminalLine(const LogRecord& record)
 {
     std::string line = "zolva " + std::string(logCategoryName(record.category)) + ": " +
-                       std::string(levelWord(record.level)) + record.message;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(line[i]);
-        // A file's name must not command the terminal; U+0080 to U+009F begin with 0xC2.
-        const bool second = i > 0 && line[i - 1] == '\xC2' && byte >= 0x80 && byte <= 0x9F;
-        if (byte < 0x20 || byte == 0x7F) {
-            line[i] = '?';
-        } else if (second) {
-            line.replace(i - 1, 2, "?");
-            --i;
-        }
+                       std::string(levelWord(record.level));
+    // A file's name must neither command the terminal nor pass for another.
+    for (std::string_view rest = record.message; !rest.empty();) {
+        const std::size_t length = characterLength(rest);
+        const bool shown = length > 0 && !steersTerminal(rest.substr(0, length));
+        line += shown ? rest.substr(0, length) : "?";
+        rest.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return line;
 }

@@ -32,7 +32,8 @@ void logToSystem();
 /// The same to standard error, a line each; does nothing where that is no terminal.
 void logToTerminal();
 
-/// The line of the terminal for a record, without its end; control characters are shown as "?".
+/// The line of the terminal for a record, without its end. What steers a terminal, reorders its
+/// line or is not UTF-8 is shown as "?".
 [[nodiscard]] std::string terminalLine(const LogRecord& record);
 
 /// A sink for as long as this lives.

@@ -35,24 +35,6 @@ std::string rewritten(std::string_view bytes, const Bad& bad, const Good& good)
     return result;
 }
 
-bool steersTerminal(std::string_view character)
-{
-    const std::uint8_t lead = byteAt(character, 0);
-    if (character.size() == 1) {
-        return lead < 0x20 || lead == 0x7F;
-    }
-    if (character.size() == 2) {
-        return lead == 0xC2 && byteAt(character, 1) < 0xA0; // U+0080 to U+009F
-    }
-    if (character.size() == 3 && lead == 0xE2) {
-        const std::uint8_t second = byteAt(character, 1);
-        const std::uint8_t third = byteAt(character, 2);
-        return (second == 0x80 && third >= 0xA8 && third <= 0xAE) || // U+2028 to U+202E
-               (second == 0x81 && third >= 0xA6 && third <= 0xA9);   // U+2066 to U+2069
-    }
-    return false;
-}
-
 void appendReplacement(std::string& result, std::uint8_t)
 {
     result.append(replacement);

@@ -51,7 +51,8 @@ std::optional<std::string> validateExclusion(std::string_view text,
         return notAbsolute;
     }
     const std::string path = standardizedPath(expanded);
-    if (path == homeFolder() || path == "/") {
+    // By where the home's text leads: it may hold dots, and the path has none any more.
+    if (path == standardizedPath(homeFolder()) || path == "/") {
         return wouldExcludeAll;
     }
     if (isExcluded(path, list)) {

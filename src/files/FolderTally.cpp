@@ -7,10 +7,28 @@
 
 namespace zolva {
 
+namespace {
+
+/// Whether something stands at the path; a link that leads nowhere is nothing.
+bool standsAt(const std::string& path, NodeStatus& itself)
+{
+    NodeStatus target;
+    return statusOf(path, LastLink::Refuse, itself) &&
+           (itself.kind != NodeKind::Link || statusOf(path, LastLink::Follow, target));
+}
+
+} // namespace
+
 std::int64_t allocatedSize(const std::string& path)
 {
     NodeStatus status;
     return statusOf(path, LastLink::Refuse, status) ? status.allocated : 0;
+}
+
+std::optional<std::int64_t> sizeOfWhatStands(const std::string& path)
+{
+    NodeStatus status;
+    return standsAt(path, status) ? std::optional(status.allocated) : std::nullopt;
 }
 
 Tally folderTally(const std::string& path)
@@ -26,9 +44,7 @@ std::vector<Tally> folderTallies(const std::vector<std::string>& paths,
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < paths.size(); ++i) {
         NodeStatus itself;
-        NodeStatus target;
-        if (!statusOf(paths[i], LastLink::Refuse, itself) ||
-            !statusOf(paths[i], LastLink::Follow, target)) {
+        if (!standsAt(paths[i], itself)) {
             continue;
         }
         if (itself.kind != NodeKind::Folder) {

@@ -3,6 +3,7 @@
 #include "files/TreeWalker.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,9 @@ namespace zolva {
 
 /// Bytes on disk of the thing itself (a link is not followed); 0 if it cannot be asked.
 [[nodiscard]] std::int64_t allocatedSize(const std::string& path);
+
+/// The same, but nothing where nothing is there, or only a link that leads nowhere.
+[[nodiscard]] std::optional<std::int64_t> sizeOfWhatStands(const std::string& path);
 
 struct Tally
 {

@@ -32,7 +32,9 @@ std::vector<Walk> walkTrees(const std::vector<std::string>& roots, const WalkOpt
     WalkDescriptors descriptors(WalkDescriptors::suitableCapacity());
     WalkMeter meter(options.progress);
     for (auto starts = all.start(); !starts.empty(); starts = all.start()) {
-        WalkShared shared{all, descriptors, meter, options.keepLargest, std::move(starts)};
+        WalkShared shared{
+            all,          descriptors,      meter, options.keepLargest, options.linksOnTop,
+            options.stop, std::move(starts)};
         WalkCrew crew(options.threads, [&shared](WalkCrew& own) { WalkWorker(shared).work(own); });
         crew.run(laneOver(shared.starts.size()));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <set>
@@ -42,9 +43,12 @@ using WalkProgressTold = std::function<void(const WalkProgress&)>;
 
 struct WalkOptions
 {
-    unsigned threads = 0;      ///< 0: as many as suit the machine
-    bool keepLargest = true;   ///< off: `largest` stays empty
-    WalkProgressTold progress; ///< called from any thread, one at a time
+    unsigned threads = 0;    ///< 0: as many as suit the machine
+    bool keepLargest = true; ///< off: `largest` stays empty
+    bool linksOnTop = false; ///< links directly in a root count as files of their own size,
+                             ///< unless they lead nowhere
+    const std::atomic<bool>* stop = nullptr; ///< once true, the walk ends early, with any sums
+    WalkProgressTold progress;               ///< called from any thread, one at a time
 };
 
 /// One walk a root, in the order of the roots, which may repeat, nest and overlap: every tree is

@@ -27,6 +27,11 @@ void WalkChunk::measure()
                 bound = std::max(bound, sizes.bound());
                 listing.add(entry.name, status.allocated);
             }
+        } else if (kind == NodeKind::Link && countsLinks) {
+            if (leadsSomewhere(folder, entry.name) && statusOf(folder, entry.name, status)) {
+                ++files;
+                bytes += status.allocated;
+            }
         } else if (kind == NodeKind::Folder) {
             listing.add(entry.name, roots->mayBeAwaited(entry.inode)
                                         ? WalkListing::folderThatMayBeRoot

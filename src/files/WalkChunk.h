@@ -17,8 +17,9 @@ struct WalkChunk
     FolderEntries entries;
     int folder = -1; ///< its descriptor, open until the chunk is measured
     const WalkRoots* roots = nullptr;
-    std::int64_t floor = -1; ///< only larger files can be among the largest
-    LargestSizes sizes;      ///< known to stand before the chunk
+    bool countsLinks = false; ///< by their own size, where they lead somewhere
+    std::int64_t floor = -1;  ///< only larger files can be among the largest
+    LargestSizes sizes;       ///< known to stand before the chunk
 
     // What was found; the listing holds folders and files that may be among the largest.
     WalkListing listing;

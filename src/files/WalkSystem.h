@@ -59,6 +59,8 @@ enum class LastLink
 /// False with errno if nothing can be told.
 [[nodiscard]] bool statusOf(int folder, const char* name, NodeStatus& status);
 [[nodiscard]] bool statusOf(int descriptor, NodeStatus& status);
+/// Whether something stands where the link leads.
+[[nodiscard]] bool leadsSomewhere(int folder, const char* link);
 /// For a path of any length.
 [[nodiscard]] bool statusOf(const std::string& path, LastLink link, NodeStatus& status);
 

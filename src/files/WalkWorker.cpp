@@ -53,6 +53,10 @@ void WalkWorker::work(WalkCrew& crew)
     std::size_t folders = 0;
     while (WalkLane* lane = crew.take()) {
         while (!lane->frames.empty()) {
+            if (m_shared.isStopped()) {
+                lane->frames.clear();
+                break;
+            }
             if (doNext(*lane) && crew.share(*lane, ++folders)) {
                 folders = 0;
             }
@@ -147,13 +151,13 @@ void WalkWorker::list(WalkLane& lane, const WalkFolderRef& folder, int descripto
 bool WalkWorker::readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor)
 {
     bool beginning = true;
-    while (m_chunk.entries.fill(descriptor)) {
-        prepare(m_chunk, lane, *folder->root, descriptor);
+    while (!m_shared.isStopped() && m_chunk.entries.fill(descriptor)) {
+        prepare(m_chunk, lane, *folder, descriptor);
         if (!beginning && m_crew->wantsChunk()) {
             auto given = std::make_unique<WalkChunk>();
             given->entries = std::move(m_chunk.entries);
             m_chunk.entries = {};
-            prepare(*given, lane, *folder->root, descriptor);
+            prepare(*given, lane, *folder, descriptor);
             m_given.push_back(std::move(given));
             m_crew->offer(*m_given.back());
         } else {
@@ -186,8 +190,10 @@ bool WalkWorker::readEntries(WalkLane& lane, const WalkFolderRef& folder, int de
     return !failed;
 }
 
-void WalkWorker::prepare(WalkChunk& chunk, WalkLane& lane, WalkRoot& root, int descriptor)
+void WalkWorker::prepare(WalkChunk& chunk, WalkLane& lane, const WalkFolder& folder, int descriptor)
 {
+    WalkRoot& root = *folder.root;
+    chunk.countsLinks = m_shared.linksOnTop && !folder.parent;
     chunk.folder = descriptor;
     chunk.roots = &m_shared.roots;
     chunk.floor = std::numeric_limits<std::int64_t>::max();

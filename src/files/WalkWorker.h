@@ -45,7 +45,11 @@ struct WalkShared
     WalkDescriptors& descriptors;
     WalkMeter& meter;
     bool keepLargest;
+    bool linksOnTop;
+    const std::atomic<bool>* stop;
     std::vector<WalkRoot*> starts;
+
+    [[nodiscard]] bool isStopped() const { return stop != nullptr && stop->load(); }
 };
 
 /// One thread's part in a walk.
@@ -72,7 +76,7 @@ private:
     void enter(WalkLane& lane, const WalkFolderRef& parent, const char* name, bool mayBeRoot);
     void list(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
     bool readEntries(WalkLane& lane, const WalkFolderRef& folder, int descriptor);
-    void prepare(WalkChunk& chunk, WalkLane& lane, WalkRoot& root, int descriptor);
+    void prepare(WalkChunk& chunk, WalkLane& lane, const WalkFolder& folder, int descriptor);
     void putTogether(WalkLane& lane, const WalkFolderRef& folder, WalkChunk& chunk);
     void keepCandidate(WalkLane& lane, const WalkFolderRef& folder, const char* name,
                        std::int64_t size);

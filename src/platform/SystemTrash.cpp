@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
+#include <mutex>
+#include <shared_mutex>
 #include <system_error>
 #include <utility>
 
@@ -124,11 +126,20 @@ bool removedEmpty(int folder, const std::string& name, const FileIdentity& ident
     return identity.isFolder() && ::unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0;
 }
 
+/// Shared by those who delete. Whoever sweeps has it alone: what another thread has out of sight
+/// may yet go back.
+std::shared_mutex& outOfSight()
+{
+    static std::shared_mutex use;
+    return use;
+}
+
 /// Takes the entry out of sight and deletes it there; what stays of it goes back.
 tl::expected<void, TrashFailure> deleteOutOfSight(const PinnedTrash& trash, int folder,
                                                   const std::string& name,
                                                   const FileIdentity& identity)
 {
+    const std::shared_lock use(outOfSight());
     const FileDescriptor expunged = openExpunged(trash);
     if (!expunged.isOpen()) {
         return tl::unexpected(notGone(errno, name));
@@ -204,6 +215,10 @@ tl::expected<void, TrashFailure> deleteFromTrash(const PinnedTrash& trash,
 
 void deleteLeftovers(const PinnedTrash& trash)
 {
+    const std::unique_lock use(outOfSight(), std::try_to_lock);
+    if (!use.owns_lock()) {
+        return;
+    }
     const FileDescriptor expunged = openExpunged(trash);
     if (!expunged.isOpen()) {
         return;

@@ -62,7 +62,8 @@ trashNames(const PinnedTrash& trash);
 deleteFromTrash(const PinnedTrash& trash, const std::string& relative,
                 const std::optional<FileIdentity>& expected = std::nullopt);
 
-/// Deletes what a deletion that ended early has left out of sight.
+/// Deletes what a deletion that ended early has left out of sight; nothing while another thread is
+/// deleting.
 void deleteLeftovers(const PinnedTrash& trash);
 
 /// Where the item of that name came from, by its record.

@@ -6,7 +6,7 @@
 #include <sys/types.h>
 #include <system_error>
 
-/// Small files of our own, read and replaced as a whole. Any thread.
+/// Small files, read as a whole, and those of our own replaced as a whole. Any thread.
 namespace zolva {
 
 struct WholeFile

@@ -1,5 +1,6 @@
 #include "scanners/AppInventory.h"
 #include "scanners/PlistLimits.h"
+#include "scanners/Utf16Text.h"
 
 #include <plist/plist.h>
 
@@ -17,24 +18,35 @@ struct FreePlist
 
 using Plist = std::unique_ptr<void, FreePlist>;
 
-/// The form is told here and not by the library, which guesses.
-Plist decoded(std::string_view bytes)
+Plist fromXml(std::string_view bytes)
 {
     plist_t plist = nullptr;
+    if (!bytes.empty() && isAffordableXmlPlist(bytes)) {
+        plist_from_xml(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &plist);
+    }
+    return Plist(plist);
+}
+
+/// The form is told here and not by the library, which guesses, and takes all XML for UTF-8.
+Plist decoded(std::string_view bytes)
+{
     if (isBinaryPlist(bytes)) {
+        plist_t plist = nullptr;
         if (isAffordableBinaryPlist(bytes)) {
             plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &plist);
         }
         return Plist(plist);
     }
+    if (bytes.size() <= largestPlist) {
+        if (const std::optional<std::string> text = textOfMarkedUtf16(bytes)) {
+            return fromXml(*text);
+        }
+    }
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark)) {
         bytes.remove_prefix(byteOrderMark.size());
     }
-    if (!bytes.empty() && isAffordableXmlPlist(bytes)) {
-        plist_from_xml(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &plist);
-    }
-    return Plist(plist);
+    return fromXml(bytes);
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstddef>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <unordered_set>
 
@@ -66,10 +67,10 @@ public:
             return;
         }
         Walk& slot = m_walks.emplace_back();
-        if (existsAt(path)) {
-            slot.bytes = allocatedSize(path);
+        if (const std::optional<std::int64_t> bytes = sizeOfWhatStands(path)) {
+            slot.bytes = *bytes;
             slot.files = 1;
-            slot.largest.push_back({entry.name, path, slot.bytes});
+            slot.largest.push_back({entry.name, path, *bytes});
         }
     }
 
@@ -242,8 +243,9 @@ AnalyzeResult drillDown(const std::string& path, const WalkProgressTold& told)
     for (const FolderEntry& child : *children) {
         std::string full = joinedPath(path, child.name);
         batch.addChild(full, child);
-        const bool isDir =
-            child.kind == EntryKind::Folder || (child.kind == EntryKind::Link && isFolderAt(full));
+        // What cannot be entered is no folder to go down into, whatever the listing calls it.
+        const bool mayBeDir = child.kind == EntryKind::Folder || child.kind == EntryKind::Link;
+        const bool isDir = mayBeDir && isFolderAt(full);
         result.entries.push_back({child.name, std::move(full), 0, isDir, std::nullopt});
     }
     std::vector<Walk> walks = batch.run(told);

@@ -76,6 +76,23 @@ TEST_F(LiveAppModel, WithoutItsMetersBeginningAndEndingLeavesNothingOnTheDisk)
     EXPECT_TRUE(std::filesystem::is_empty(tree.root()));
 }
 
+TEST_F(LiveAppModel, WithATrashThatCannotBeOpenedTheStartGoesOnAndTheMeterIsReadOnlyWhenAsked)
+{
+    tree.file(".local/share/Trash/files");
+    const auto model = build();
+    const TrashMeter& meter = model->removal().trash();
+    EXPECT_TRUE(meter.trashUnreadable());
+    EXPECT_TRUE(model->settings().prefsLoaded());
+
+    ASSERT_TRUE(std::filesystem::remove(tree.path(".local/share/Trash/files")));
+    tree.file(".local/share/Trash/files/old", 100);
+    pumpOnce();
+    EXPECT_TRUE(meter.trashUnreadable());
+    model->scanForMenu();
+    EXPECT_FALSE(meter.trashUnreadable());
+    EXPECT_EQ(meter.trashCount(), 1);
+}
+
 TEST_F(LiveAppModel, MayEndWhileEveryScanStillRuns)
 {
     for (int i = 0; i < 40; ++i) {

@@ -187,6 +187,67 @@ TEST_F(ModelPrefs, AnEmptyTextInTheListIsLostOnWritingAndStaysInTheField)
     EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", ""}));
 }
 
+TEST_F(ModelPrefs, AChangeOfASettingKeepsWhatAnotherProcessHasAddedToTheExclusions)
+{
+    store.values["zolva.whitelist"] = Texts{"~/a"};
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/theirs"};
+    m.settings().setTouchid(false);
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/a", "~/theirs"}));
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", "~/theirs"}));
+}
+
+TEST_F(ModelPrefs, ExclusionsThatCouldNotBeReadAtTheStartAreNotWrittenOver)
+{
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/b"};
+    m.exclusions().setWlDraft("~/c");
+    m.exclusions().addExclusion();
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/c", "~/a", "~/b"}));
+}
+
+TEST_F(ModelPrefs, AnExclusionTakenOutHereStaysOutWhateverAnotherProcessAdds)
+{
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/b"};
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/b", "~/theirs"};
+    m.exclusions().removeExclusion("~/a");
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/b", "~/theirs"}));
+}
+
+TEST_F(ModelPrefs, WhatAnotherProcessTookOutOfTheExclusionsStaysProtectedHere)
+{
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/b"};
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/b"};
+    m.settings().takeOthersExclusions();
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", "~/b"}));
+}
+
+TEST_F(ModelPrefs, TakingTheExclusionsOfOthersIsToldAndWritesNothing)
+{
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/theirs"};
+    const Told told(&m.exclusions(), &Exclusions::whitelistChanged);
+    m.settings().takeOthersExclusions();
+    m.settings().takeOthersExclusions();
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_TRUE(store.writes.empty());
+}
+
+TEST_F(ModelPrefs, AnExclusionAddedByWhoHearsOfTheirsIsSaved)
+{
+    AppModel& m = start();
+    store.values["zolva.whitelist"] = Texts{"~/theirs"};
+    const QObject listener;
+    QObject::connect(&m.exclusions(), &Exclusions::whitelistChanged, &listener, [&m] {
+        m.exclusions().setWlDraft("~/mine");
+        m.exclusions().addExclusion();
+    });
+    m.settings().takeOthersExclusions();
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/theirs", "~/mine"}));
+}
+
 TEST_F(ModelPrefs, TheIntervalIsToldInSeconds)
 {
     AppSettings& settings = start().settings();

@@ -171,6 +171,36 @@ TEST_F(ModelRemoval, AConfirmedCleanRunMovesWhatIsTickedAndScansAnew)
     EXPECT_TRUE(m.done().empty());
 }
 
+TEST_F(ModelRemoval, AnEmptyResultAfterARunLeavesNothingPickedAndNothingUnfolded)
+{
+    AppModel& m = cleaned();
+    m.lists().setClean({"second"}, true);
+    m.raiseSheet("erase");
+    m.runSheet();
+    untilIdle(m);
+    m.lists().setOpenCat("first");
+    EXPECT_EQ(m.lists().sel().size(), 2U);
+    held.clean.answer(1, {});
+    ASSERT_TRUE(m.lists().liveCats());
+    EXPECT_TRUE(m.lists().liveCats()->empty());
+    EXPECT_TRUE(m.lists().sel().empty());
+    EXPECT_EQ(m.lists().openCat(), std::nullopt);
+}
+
+TEST_F(ModelRemoval, WhatAStoppedRunLeftBehindStaysSelected)
+{
+    AppModel& m = cleaned();
+    m.lists().setClean({"second"}, true);
+    m.raiseSheet("erase");
+    m.runSheet();
+    m.removal().runs().requestCancel();
+    untilIdle(m);
+    EXPECT_EQ(changes(), (Names{"trash /c/a"}));
+    EXPECT_EQ(m.lastCleanFreed(), 1000);
+    held.clean.answer(1, {cache("second", {path("/c/b", 2000)})});
+    EXPECT_EQ(m.removal().selectedCleanBytes(), 2000);
+}
+
 TEST_F(ModelRemoval, ConfirmingTwiceFastRunsOnce)
 {
     AppModel& m = cleaned();
@@ -190,6 +220,36 @@ TEST_F(ModelRemoval, WhatIsExcludedWhileTheSheetStandsOpenStays)
     untilIdle(m);
     EXPECT_TRUE(changes().empty());
     EXPECT_TRUE(toastTexts().empty());
+}
+
+TEST_F(ModelRemoval, WhatAnotherProcessExcludesMeanwhileStays)
+{
+    AppModel& m = cleaned();
+    m.lists().setClean({"second"}, true);
+    m.raiseSheet("erase");
+    store.values["zolva.whitelist"] = Names{"/c/a"};
+    m.runSheet();
+    untilIdle(m);
+    EXPECT_EQ(changes(), (Names{"trash /c/b"}));
+    EXPECT_EQ(m.exclusions().whitelist(), (Names{"/c/a"}));
+}
+
+TEST_F(ModelRemoval, ASheetCountsWhatAnotherProcessExcludedBefore)
+{
+    AppModel& m = cleaned();
+    store.values["zolva.whitelist"] = Names{"/c/a"};
+    m.raiseSheet("erase");
+    EXPECT_EQ(m.sheet(), std::nullopt);
+    EXPECT_EQ(m.removal().selectedCleanBytes(), 0);
+}
+
+TEST_F(ModelRemoval, AnAnalysedFileThatAnotherProcessExcludedStays)
+{
+    disk->put("~/x/kept", 100);
+    AppModel& m = ready();
+    store.values["zolva.whitelist"] = Names{"~/x"};
+    m.removal().analyzed().trashAnalyzeItem("kept", "~/x/kept", 100);
+    EXPECT_TRUE(changes().empty());
 }
 
 TEST_F(ModelRemoval, AConfirmedPurgeRunForgetsItsFigureAtTheScanThatFollows)

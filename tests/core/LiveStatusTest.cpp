@@ -152,6 +152,24 @@ TEST_F(LiveStatus, AFailedStreamKeepsTheLastSampleAndTellsWhy)
     EXPECT_EQ(live->memSeries(), std::vector<double>{8});
 }
 
+TEST_F(LiveStatus, OnlyAStreamThatEndedByItselfIsToldToHaveEnded)
+{
+    int told = 0;
+    const QObject listener;
+    QObject::connect(live.get(), &LiveData::statusEnded, &listener, [&told] { ++told; });
+    live->retainStatus();
+    live->restartStatus();
+    live->setPollInterval(3s);
+    live->releaseStatus();
+    EXPECT_EQ(told, 0);
+    live->retainStatus();
+    script.newest()->finish(std::nullopt);
+    EXPECT_EQ(told, 1);
+    live->restartStatus();
+    live.reset();
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(LiveStatus, AnEndedStreamStaysEndedUntilItIsRestarted)
 {
     live->retainStatus();

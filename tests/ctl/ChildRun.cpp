@@ -67,6 +67,11 @@ void closeEnd(int& descriptor)
     descriptor = -1;
 }
 
+void type(int terminal, const std::string& text)
+{
+    must(::write(terminal, text.data(), text.size()) == static_cast<ssize_t>(text.size()), "write");
+}
+
 /// Reads once; closes the end when there is no more.
 void readInto(std::string& text, int& descriptor)
 {
@@ -200,6 +205,25 @@ ChildRun& ChildRun::signalAfter(const std::string& text, int signal)
     return *this;
 }
 
+ChildRun& ChildRun::answerAfter(const std::string& text, const std::string& typed,
+                                std::function<void()> act)
+{
+    m_question = text;
+    m_answer = typed;
+    m_beforeAnswer = std::move(act);
+    return answerOnTerminal({});
+}
+
+bool ChildRun::answerDue(int terminal, const Outcome& outcome) const
+{
+    if (outcome.err.find(m_question) == std::string::npos) {
+        return true;
+    }
+    m_beforeAnswer();
+    type(terminal, m_answer);
+    return false;
+}
+
 bool ChildRun::signalDue(int child, const Outcome& outcome) const
 {
     if (outcome.out.find(m_awaited) == std::string::npos &&
@@ -226,9 +250,7 @@ Outcome ChildRun::run() const
     Channel input = channelFor(m_typed.has_value());
     if (m_typed) {
         std::swap(input.reader, input.writer); // a terminal is typed on at its other end
-        must(::write(input.writer, m_typed->data(), m_typed->size()) ==
-                 static_cast<ssize_t>(m_typed->size()),
-             "write");
+        type(input.writer, *m_typed);
     } else {
         closeEnd(input.writer);
     }
@@ -255,7 +277,11 @@ Outcome ChildRun::run() const
     closeEnd(input.reader);
     Outcome outcome;
     bool awaiting = m_signal != 0;
-    collect(outcome, output, errors, [&] { awaiting = awaiting && signalDue(child, outcome); });
+    bool asking = !m_question.empty();
+    collect(outcome, output, errors, [&] {
+        awaiting = awaiting && signalDue(child, outcome);
+        asking = asking && answerDue(input.writer, outcome);
+    });
     int status = 0;
     must(::waitpid(child, &status, 0) == child, "waitpid");
     closeEnd(input.writer);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -39,6 +40,9 @@ public:
 
     /// It can ask: its input and its errors are a terminal, where this was typed.
     ChildRun& answerOnTerminal(const std::string& typed);
+    /// The same, but it is typed as soon as it has printed the text, after `act`.
+    ChildRun& answerAfter(const std::string& text, const std::string& typed,
+                          std::function<void()> act);
     /// As soon as it has printed the text, on either stream, it gets the signal; once.
     ChildRun& signalAfter(const std::string& text, int signal);
 
@@ -50,6 +54,8 @@ private:
     void mustBeHarmless() const;
     /// Sends the signal when its time has come, and answers whether it is still to come.
     [[nodiscard]] bool signalDue(int child, const Outcome& outcome) const;
+    /// The same of the answer.
+    [[nodiscard]] bool answerDue(int terminal, const Outcome& outcome) const;
 
     std::string m_program;
     std::vector<std::string> m_arguments;
@@ -59,6 +65,9 @@ private:
     std::optional<std::string> m_typed;
     std::string m_awaited;
     int m_signal = 0;
+    std::string m_question;
+    std::string m_answer;
+    std::function<void()> m_beforeAnswer;
     bool m_closedPipe = false;
     bool m_outputTerminal = false;
     bool m_errorTerminal = false;

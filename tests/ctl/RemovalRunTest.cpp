@@ -32,7 +32,7 @@ struct PurgeRun : ::testing::Test
 {
     PurgeRun()
     {
-        age("Code/old/target", 8);
+        age("Code/old/target", 7);
         age("Code/fresh/target", 6);
     }
     void age(const std::string& path, int days)
@@ -262,6 +262,51 @@ TEST_F(Uninstall, TheQuestionSaysThatItIsForGoodAndANoTouchesNothing)
     EXPECT_THAT(outcome.err, HasSubstr("Quit and uninstall 1 app, and delete 2 items ("));
     EXPECT_THAT(outcome.err, HasSubstr(") for good? [y/N] "));
     EXPECT_EQ(home.all(), before);
+}
+
+TEST_F(Uninstall, AsksAlsoWhereNothingWouldGoSinceItQuitsTheApplication)
+{
+    for (const std::string path : {"Applications/Lumen.app", "Library/Caches/org.lumen"}) {
+        ASSERT_EQ(home.run({"exclusions", "add", "~/" + path}).code, 0);
+    }
+    const Outcome outcome = ChildRun({"uninstall", lumen, "--apps", list, "--json"})
+                                .home(home.tree.root())
+                                .answerOnTerminal("n\n")
+                                .run();
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_THAT(
+        outcome.err,
+        HasSubstr("Quit and uninstall 1 app, and delete 0 items (0 bytes) for good? [y/N] "));
+}
+
+TEST_F(Uninstall, AnExclusionTakenBackWhileTheQuestionStandsStillHoldsItsPath)
+{
+    ASSERT_EQ(home.run({"exclusions", "add", "~/Library/Caches/org.lumen"}).code, 0);
+    const Outcome outcome =
+        ChildRun({"uninstall", lumen, "--apps", list})
+            .home(home.tree.root())
+            .answerAfter(
+                "[y/N] ", "y\n",
+                [this] {
+                    EXPECT_EQ(home.run({"exclusions", "remove", "~/Library/Caches/org.lumen"}).code,
+                              0);
+                })
+            .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_FALSE(home.has("Applications/Lumen.app"));
+    EXPECT_TRUE(home.has("Library/Caches/org.lumen"));
+}
+
+TEST_F(Uninstall, OfTwoCopiesTheOneThatStaysKeepsTheLeftovers)
+{
+    const std::string copy = home.tree.folder("Applications/Old/Lumen.app");
+    const std::string both =
+        home.tree.text("both.json", "[" + listed("Lumen", "org.lumen", lumen) + "," +
+                                        listed("Lumen", "org.lumen", copy) + "]");
+    EXPECT_EQ(home.run({"uninstall", lumen, "--apps", both, "--yes"}).code, 0);
+    EXPECT_FALSE(home.has("Applications/Lumen.app"));
+    EXPECT_TRUE(home.has("Applications/Old/Lumen.app"));
+    EXPECT_TRUE(home.has("Library/Caches/org.lumen/data"));
 }
 
 TEST_F(Uninstall, AnUnknownPathDoesNothing)

@@ -15,6 +15,7 @@ namespace zolva::test {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
@@ -113,6 +114,26 @@ TEST(TrashCommand, AnExcludedPathStaysAndIsNoFailure)
     EXPECT_EQ(outcome.out, json("{'outcomes':[],'purged':0,'problems':[],'freed':0,"
                                 "'stopped':false,'toasts':[]}\n"));
     EXPECT_TRUE(home.has("Documents/mine/a"));
+}
+
+TEST(TrashCommand, AnExclusionMadeOrTakenBackWhileTheQuestionStandsStillHoldsItsPath)
+{
+    RemovalHome home;
+    const std::string taken = home.tree.file("Documents/taken");
+    const std::string made = home.tree.file("Documents/made");
+    const std::string free = home.tree.file("Documents/free");
+    ASSERT_EQ(home.run({"exclusions", "add", taken}).code, 0);
+    const Outcome outcome =
+        ChildRun({"trash", taken, made, free})
+            .home(home.tree.root())
+            .answerAfter("[y/N] ", "y\n",
+                         [&] {
+                             EXPECT_EQ(home.run({"exclusions", "remove", taken}).code, 0);
+                             EXPECT_EQ(home.run({"exclusions", "add", made}).code, 0);
+                         })
+            .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_THAT(home.trash(), ElementsAre("free"));
 }
 
 TEST(TrashCommand, ADryRunTouchesNothingAndTellsRefusals)
@@ -214,6 +235,9 @@ TEST(TrashCommand, CtrlCStopsBetweenTwoItemsAndReports)
     EXPECT_THAT(outcome.out, StartsWith("Stopped. " + std::to_string(moved) + " item"));
     EXPECT_THAT(outcome.out, HasSubstr(", " + std::to_string(400 - moved) + " left alone.\n"));
     EXPECT_THAT(outcome.err, HasSubstr("Stopping…"));
+    // No line is broken: what stands below could not be taken away again.
+    EXPECT_THAT(outcome.err, HasSubstr("\x1b[?7lMoving to the Trash  1 of 400  "));
+    EXPECT_THAT(outcome.err, EndsWith("\x1b[?7h\r\x1b[K"));
     EXPECT_EQ(journalRead(logFolder(home.tree.root())), std::nullopt);
 }
 

@@ -128,6 +128,19 @@ TEST(PurgeCommand, ShowsAnAlignedTableAndTheSum)
                            "Build artifacts: 2.6 MB\n");
 }
 
+TEST(PurgeCommand, ShowsWhatIsExcludedAndLeavesItOutOfTheSum)
+{
+    TempTree tree;
+    tree.file("Code/app/node_modules/m.js", 1'500'000);
+    tree.file("Code/t/target/bin", 1'100'000);
+    tree.text(".config/zolva/preferences.json",
+              json("{'zolva.whitelist':['~/Code/t/target','/elsewhere']}"));
+    const Outcome outcome = zolvactl(tree.root(), {"purge"});
+    EXPECT_THAT(outcome.out, HasSubstr("  ~/Code/app\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("  ~/Code/t    excluded, never touched\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("\nBuild artifacts: 1.5 MB (1.1 MB more is kept)\n"));
+}
+
 TEST(PurgeCommand, GivesAnEmptyListAndSaysSoToPeople)
 {
     const TempTree tree;
@@ -163,6 +176,18 @@ TEST(InstallersCommand, ShowsATableAndTheSum)
               "  2.1 MB  a.iso  Downloads  40 days  ~/Downloads/a.iso\n"
               "\n"
               "Installers: 2.1 MB\n");
+}
+
+TEST(InstallersCommand, ShowsWhatIsExcludedAndLeavesItOutOfTheSum)
+{
+    TempTree tree;
+    tree.file("Downloads/a.iso", 2'100'000);
+    tree.file("Desktop/b.iso", 1'100'000);
+    tree.text(".config/zolva/preferences.json", json("{'zolva.whitelist':['~/Downloads']}"));
+    const Outcome outcome = zolvactl(tree.root(), {"installers"});
+    EXPECT_THAT(outcome.out, HasSubstr("  ~/Downloads/a.iso  excluded, never touched\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("  ~/Desktop/b.iso\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("\nInstallers: 1.1 MB (2.1 MB more is kept)\n"));
 }
 
 TEST(InstallersCommand, GivesAnEmptyListAndSaysSoToPeople)

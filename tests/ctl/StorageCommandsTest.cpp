@@ -8,6 +8,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -183,6 +184,31 @@ TEST(AnalyzeCommand, ShowsTheOverviewWithWhatIsAvailable)
     EXPECT_THAT(outcome.out, HasSubstr("they do not add up."));
 }
 
+TEST(AnalyzeCommand, AsksTheSystemOnceForEachFileOfAFolder)
+{
+    TempTree tree;
+    for (int i = 0; i < 20; ++i) {
+        tree.file("folder/plain" + std::to_string(i));
+    }
+    TempTree out;
+    const std::string report = out.text("report", "");
+    const Outcome outcome = ChildRun({"strace", "-f", "-o", report, "-e", "trace=%%stat", ZOLVACTL,
+                                      "analyze", tree.path("folder")})
+                                .program("/usr/bin/env")
+                                .home(tree.root())
+                                .variable("PATH", "/usr/bin:/bin")
+                                .run();
+    ASSERT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("0 bytes in 20 files\n"));
+    std::ifstream calls(report);
+    std::string line;
+    int asked = 0;
+    while (std::getline(calls, line)) {
+        asked += line.find("/plain") != std::string::npos ? 1 : 0;
+    }
+    EXPECT_EQ(asked, 20);
+}
+
 TEST(BlockedCommand, GivesThePlacesThatCannotBeListed)
 {
     TempTree tree;
@@ -231,14 +257,23 @@ TEST(SummaryCommand, SumsWhatCanBeGivenBackAndLeavesOutWhatIsProtected)
     });
 }
 
-TEST(SummaryCommand, LeavesOutOfCleanWhatIsExcluded)
+TEST(SummaryCommand, LeavesOutWhatIsExcluded)
 {
     TempTree tree;
     const std::int64_t plain = blocksOf(tree.file("Library/Logs/plain/data", 1'000'001));
     tree.file("Library/Logs/mine/data", 1'200'000);
-    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "~/Library/Logs/mine"}).code, 0);
+    const std::int64_t target = blocksOf(tree.file("Code/t/target/bin", 1'100'000));
+    tree.file("Code/mine/target/bin", 1'300'000);
+    const std::int64_t image = blocksOf(tree.file("Downloads/a.dmg", 20'000));
+    tree.file("Downloads/mine.dmg", 40'000);
+    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "~/Library/Logs/mine", "~/Code/mine",
+                                     "~/Downloads/mine.dmg"})
+                  .code,
+              0);
     EXPECT_THAT(zolvactl(tree.root(), {"summary", "--json"}).out,
-                StartsWith(json("{'clean':" + std::to_string(plain) + ",'purge':0,")));
+                StartsWith(json("{'clean':" + number(plain) + ",'purge':" + number(target) +
+                                ",'installers':" + number(image) +
+                                ",'trash':0,'total':" + number(plain + target + image) + ",")));
 }
 
 TEST(SummaryCommand, CountsACacheOnceForEachRowThatHoldsIt)

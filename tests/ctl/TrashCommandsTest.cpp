@@ -16,6 +16,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 struct FilledTrash : ::testing::Test
 {
@@ -117,6 +118,10 @@ TEST(TrashMeterCommand, ATrashThatCannotBeReadIsNoFailureButEmptyingItIs)
         EXPECT_EQ(outcome.code, 0);
         EXPECT_EQ(outcome.out, json("{'bytes':0,'count':0,'unreadable':true}\n"));
         EXPECT_EQ(home.run({"trash-meter"}).out, "The Trash cannot be read.\n");
+        const Outcome shown = home.run({"empty-trash", "--dry-run", "--json"});
+        EXPECT_EQ(shown.code, 1);
+        EXPECT_EQ(shown.out, "");
+        EXPECT_THAT(shown.err, StartsWith("zolvactl: the Trash cannot be read: "));
         const Outcome emptied = home.run({"empty-trash", "--yes", "--json"});
         EXPECT_EQ(emptied.code, 1);
         EXPECT_EQ(emptied.out,
@@ -171,6 +176,19 @@ TEST_F(FilledTrash, TheQuestionOfEmptyingSaysThatItIsForGood)
         ChildRun({"empty-trash"}).home(home.tree.root()).answerOnTerminal("y\n").run();
     EXPECT_EQ(yes.code, 0);
     EXPECT_THAT(home.trash(), IsEmpty());
+}
+
+TEST_F(FilledTrash, WhatComesIntoTheTrashWhileTheQuestionStandsIsNotDeleted)
+{
+    const Outcome outcome =
+        ChildRun({"empty-trash", "--json"})
+            .home(home.tree.root())
+            .answerAfter("[y/N] ", "y\n",
+                         [this] { home.tree.file(".local/share/Trash/files/newcomer"); })
+            .run();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_THAT(outcome.out, HasSubstr(json("{'emptied':2,'failed':0,")));
+    EXPECT_THAT(home.trash(), ElementsAre("newcomer"));
 }
 
 TEST_F(FilledTrash, WithoutAnAnswerAndInADryRunNothingIsEmptied)

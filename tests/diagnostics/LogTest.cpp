@@ -143,5 +143,16 @@ TEST(Log, ANameCannotCommandTheTerminal)
               "zolva app: a?[2Jb?c?d?e\xC3\xA4");
 }
 
+TEST(Log, ANameCannotPassForAnotherInTheTerminal)
+{
+    // Without the sign this would be shown as "photo_exe.jpg".
+    EXPECT_EQ(terminalLine({App, Default, "photo_\u202Egpj.exe"}), "zolva app: photo_?gpj.exe");
+    EXPECT_EQ(terminalLine({App, Default, "a\u2028b\u2066c\xE2\x80"}), "zolva app: a?b?c??");
+    EXPECT_EQ(terminalLine({App, Default,
+                            "\x9B"
+                            "2J\u20AC"}),
+              "zolva app: ?2J\u20AC");
+}
+
 } // namespace
 } // namespace zolva

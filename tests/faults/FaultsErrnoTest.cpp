@@ -1,6 +1,7 @@
 #include "faults/SystemCalls.h"
 #include "faults/World.h"
 
+#include "files/FolderTally.h"
 #include "platform/DeleteTree.h"
 #include "platform/FileDescriptor.h"
 #include "platform/SystemTrash.h"
@@ -14,12 +15,14 @@
 #include <fcntl.h>
 #include <sys/syscall.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <numeric>
 
 namespace {
@@ -283,6 +286,32 @@ TEST(FaultsErrno, AReturnThatFailsAnywhereLeavesTheItemInOnePlace)
              return world.recordedName().empty() ? "it lost its record" : "";
          }});
     EXPECT_EQ(campaign.violations, 0) << campaign.first;
+}
+
+TEST(FaultsErrno, WhatCannotBeLookedAtAfterItsMoveIsMovedWithoutAPlaceToPurge)
+{
+    for (const std::uint32_t seed : {1U, 5U, 10U}) {
+        const auto body = [](const World& world) {
+            const TrashAttempt attempt = trashOnePath(world.item());
+            const auto* moved = std::get_if<TrashMoved>(&attempt.outcome);
+            return moved && !attempt.landed && !attempt.identity ? std::to_string(moved->bytes)
+                                                                 : "otherwise";
+        };
+        const World undisturbed(seed);
+        const std::int64_t bytes = folderTally(undisturbed.item()).bytes;
+        const auto calls = runTraced([&] { return body(undisturbed); }, {}).calls;
+        const auto rename = std::find(calls.begin(), calls.end(), SYS_renameat2);
+        ASSERT_NE(rename, calls.end());
+        FaultPlan plan;
+        plan.failAt = static_cast<int>(
+            std::distance(calls.begin(), std::find(rename, calls.end(), SYS_newfstatat)));
+        plan.error = EACCES;
+        const World world(seed);
+        const TracedRun run = runTraced([&] { return body(world); }, plan);
+        EXPECT_EQ(run.report, std::to_string(bytes)) << "seed " << seed;
+        EXPECT_FALSE(world.recordedName().empty());
+        EXPECT_FALSE(stands(world.item()));
+    }
 }
 
 TEST(FaultsErrno, TheHarnessSeesAFalseSuccess)

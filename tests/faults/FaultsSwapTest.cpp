@@ -38,13 +38,11 @@ public:
         : m_thread([this, one = std::move(one), other = std::move(other)] {
               while (!m_stop) {
                   ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
-                  m_running = true;
+                  ++m_swaps;
               }
           })
     {
-        while (!m_running) {
-            std::this_thread::yield();
-        }
+        waitForSwap();
     }
     ~Swapper()
     {
@@ -54,9 +52,18 @@ public:
     Swapper(const Swapper&) = delete;
     Swapper& operator=(const Swapper&) = delete;
 
+    /// Returns after at least one more exchange, or try of one.
+    void waitForSwap() const
+    {
+        const unsigned before = m_swaps;
+        while (m_swaps == before) {
+            std::this_thread::yield();
+        }
+    }
+
 private:
     std::atomic<bool> m_stop = false;
-    std::atomic<bool> m_running = false;
+    std::atomic<unsigned> m_swaps = 0;
     std::thread m_thread;
 };
 
@@ -71,8 +78,9 @@ void makeFiles(const std::string& folder, const std::string& text)
     }
 }
 
-/// What everybody writes first: by path, looking before going in.
-void removeByPath(const std::string& path)
+/// What everybody writes first: by path, looking before going in. `between` comes after each look
+/// at a folder.
+void removeByPath(const std::string& path, const std::function<void()>& between)
 {
     struct stat status
     {};
@@ -80,8 +88,9 @@ void removeByPath(const std::string& path)
         return;
     }
     if (S_ISDIR(status.st_mode)) {
+        between();
         for (const std::string& name : namesIn(path)) {
-            removeByPath(path + "/" + name);
+            removeByPath(path + "/" + name, between);
         }
         ::rmdir(path.c_str());
     } else {
@@ -91,8 +100,9 @@ void removeByPath(const std::string& path)
 
 /// How often a bystander lost anything to a deletion during which a folder and a link to the
 /// bystander change places.
-int deletionLosses(const std::function<void(const std::string& folder)>& remove, int rounds,
-                   bool untilFirst, int* deletions = nullptr)
+int deletionLosses(
+    const std::function<void(const std::string& folder, const Swapper& swapper)>& remove,
+    int rounds, bool untilFirst, int* deletions = nullptr)
 {
     const World world(1);
     const std::string bystander = world.home().path("neighbour");
@@ -102,10 +112,11 @@ int deletionLosses(const std::function<void(const std::string& folder)>& remove,
     Picture before = pictureOf(bystander);
     for (int round = 0; round < rounds && !(untilFirst && losses > 0); ++round) {
         makeFiles(doomed + "/t/folder", "goes");
-        fs::create_directory_symlink(bystander, doomed + "/t/link");
+        // Relative, so that it is no mount that keeps anybody from following it.
+        fs::create_directory_symlink("../../neighbour", doomed + "/t/link");
         {
             const Swapper swapper(doomed + "/t/folder", doomed + "/t/link");
-            remove(doomed);
+            remove(doomed, swapper);
         }
         if (deletions != nullptr) {
             *deletions += stands(doomed + "/t") ? 0 : 1;
@@ -125,7 +136,7 @@ TEST(FaultsSwap, ADeletionNeverFollowsALinkThatIsSwappedIn)
 {
     int deletions = 0;
     const int losses = deletionLosses(
-        [](const std::string& folder) {
+        [](const std::string& folder, const Swapper&) {
             const FileDescriptor above(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
             static_cast<void>(deleteTree(above.get(), "t"));
         },
@@ -138,8 +149,12 @@ TEST(FaultsSwap, ADeletionNeverFollowsALinkThatIsSwappedIn)
 
 TEST(FaultsSwap, TheHarnessSeesTheLossesOfADeletionByPath)
 {
-    const int losses =
-        deletionLosses([](const std::string& folder) { removeByPath(folder + "/t"); }, 50000, true);
+    // It waits where the exchange does its harm, so that it needs no luck to come.
+    const int losses = deletionLosses(
+        [](const std::string& folder, const Swapper& swapper) {
+            removeByPath(folder + "/t", [&swapper] { swapper.waitForSwap(); });
+        },
+        2000, true);
     EXPECT_GT(losses, 0);
 }
 

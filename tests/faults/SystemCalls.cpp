@@ -148,6 +148,9 @@ private:
         }
         const int at = static_cast<int>(run.calls.size());
         run.calls.push_back(number);
+        if (m_plan.meanwhile) {
+            m_plan.meanwhile(at);
+        }
         if (at == m_plan.killAt) {
             m_killed = true;
             ::kill(m_child, SIGKILL);

@@ -5,7 +5,7 @@
 #include <vector>
 
 /// Runs a piece of the program in a child process under a tracer that can end it, or make the
-/// system refuse, at any one of its calls that concern files.
+/// system refuse, or other programs act, at any one of its calls that concern files.
 namespace zolva::test {
 
 /// What happens at which call; calls are counted from 0 among those that concern files.
@@ -18,6 +18,8 @@ struct FaultPlan
     bool carriedOut = false; ///< the call at `failAt` is made all the same, and told as failed
     long alwaysRefused = -1; ///< the number of a call that is refused throughout
     int alwaysError = 0;
+    /// What other programs do just before the call of that number, while the run stands still.
+    std::function<void(int at)> meanwhile;
 };
 
 enum class RunEnd

@@ -115,6 +115,16 @@ TEST_F(ExclusionRules, TheRootAndHomeWouldExcludeEverything)
     }
 }
 
+TEST_F(ExclusionRules, HomeWouldExcludeEverythingWhateverDotsAreInItsText)
+{
+    for (const char* text : {"/Users/me/.", "/Users/./me", "/Users/you/../me/"}) {
+        const ScopedVariable home("HOME", text);
+        EXPECT_EQ(validateExclusion("~", {}), everything) << text;
+        EXPECT_EQ(validateExclusion("/Users/me", {}), everything) << text;
+        EXPECT_EQ(validateExclusion("~/Code", {}), valid) << text;
+    }
+}
+
 TEST_F(ExclusionRules, WhatIsNoFullPathIsToldSo)
 {
     for (const char* text : {"Documents", "./x", "~no-such-account-here", ".", "\xFF"}) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,11 +22,25 @@ constexpr int folders = 200;
 constexpr int files = 2000;
 constexpr int processStart = 400;
 
-/// Runs the probe over the tree under strace and returns what strace wrote.
-std::string trace(const TempTree& tree, const std::vector<std::string>& options)
+struct Traced
 {
-    const TempTree out;
+    std::string report; ///< what strace wrote
+    std::string told;   ///< what the probe wrote
+};
+
+std::string contentOf(const std::string& path)
+{
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
+/// Runs the probe over the tree under strace.
+Traced traced(const TempTree& tree, const std::vector<std::string>& options)
+{
+    TempTree out;
     const std::string report = out.path("report");
+    const std::string told = out.text("told", "");
     std::vector<std::string> words{"strace", "-f", "-o", report};
     words.insert(words.end(), options.begin(), options.end());
     words.insert(words.end(), {WALK_PROBE, tree.root()});
@@ -37,15 +52,19 @@ std::string trace(const TempTree& tree, const std::vector<std::string>& options)
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child == 0) {
+        ::dup2(::open(told.c_str(), O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
         ::execvp("strace", arguments.data());
         ::_exit(127);
     }
     int status = 0;
     EXPECT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    std::ostringstream text;
-    text << std::ifstream(report).rdbuf();
-    return text.str();
+    return {contentOf(report), contentOf(told)};
+}
+
+std::string trace(const TempTree& tree, const std::vector<std::string>& options)
+{
+    return traced(tree, options).report;
 }
 
 /// Ten files in each of the folders, which stand in rows of ten.
@@ -110,6 +129,29 @@ TEST(SystemCalls, OnlyFoldersAreOpenedInTheTreeAndOnlyFilesAreMeasured)
     EXPECT_NE(calls.find("\"plain file\""), std::string::npos) << calls;
     EXPECT_EQ(calls.find("some pipe"), std::string::npos) << calls;
     EXPECT_EQ(calls.find("some link"), std::string::npos) << calls;
+}
+
+TEST(SystemCalls, AreAskedAgainWhereASignalInterruptedThem)
+{
+    TempTree tree;
+    for (int i = 0; i < 30; ++i) {
+        tree.file("f" + std::to_string(i));
+    }
+    // Every other call of each kind that is about the tree.
+    const Traced result =
+        traced(tree, {"-P", tree.root(), "-e",
+                      "inject=openat,newfstatat,getdents64:error=EINTR:when=1+2"});
+    for (const char* call : {"openat(", "newfstatat(", "getdents64("}) {
+        std::istringstream lines(result.report);
+        std::string line;
+        bool interrupted = false;
+        while (std::getline(lines, line)) {
+            interrupted = interrupted || (line.find(call) != std::string::npos &&
+                                          line.find("INJECTED") != std::string::npos);
+        }
+        EXPECT_TRUE(interrupted) << call << " in " << result.report;
+    }
+    EXPECT_EQ(result.told, "30 files, 0 unreadable\n");
 }
 
 } // namespace

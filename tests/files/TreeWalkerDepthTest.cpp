@@ -3,6 +3,7 @@
 #include "files/TreeWalker.h"
 
 #include "files/BlockFile.h"
+#include "support/QuickPlace.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
 
@@ -12,8 +13,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -23,18 +22,6 @@ using zolva::WalkOptions;
 using zolva::test::ScopedDescriptorLimit;
 using zolva::test::ScopedVariable;
 using zolva::test::TempTree;
-
-/// In memory where the system has a place for that: a disk that discards what is freed takes its
-/// time over every single one of thousands of folders.
-std::optional<std::string> quickPlace()
-{
-    const char* const inMemory = "/dev/shm";
-    if (::access(inMemory, W_OK | X_OK) == 0) {
-        return inMemory;
-    }
-    const char* const usual = std::getenv("TMPDIR");
-    return usual != nullptr ? std::optional<std::string>(usual) : std::nullopt;
-}
 
 /// A chain of folders with names of 255 bytes, so deep that its path fits no call; at the bottom an
 /// empty file, on the way others if wanted.
@@ -120,7 +107,7 @@ private:
     }
     [[nodiscard]] int start() const { return enter(AT_FDCWD, m_tree.root().c_str()); }
 
-    const ScopedVariable m_place{"TMPDIR", quickPlace()};
+    const ScopedVariable m_place{"TMPDIR", zolva::test::quickPlace()};
     TempTree m_tree;
     const std::string m_name = std::string(255, 'd');
     const unsigned m_depth;

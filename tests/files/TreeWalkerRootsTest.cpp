@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 
 namespace {
 
@@ -145,6 +146,31 @@ TEST_F(TreeWalkerRoots, ManyRootsAreWalkedAtOnce)
     const Files files = filesOf(roots);
     EXPECT_EQ(files.back(), 1);
     EXPECT_EQ(std::count(files.begin(), files.end(), 0), 399);
+}
+
+TEST_F(TreeWalkerRoots, LinksOnTopCountByThemselvesWhereTheyLeadSomewhereAndLinksBelowNever)
+{
+    // Too long to be kept in the inode: each such link has a block of its own.
+    const std::string target = tree.path("d/" + std::string(100, 'f'));
+    tree.text("d/" + std::string(100, 'f'), "");
+    tree.link("a/link", target);
+    tree.link("a/lost", target + "-gone");
+    tree.link("a/b/link", target);
+    zolva::WalkOptions options;
+    const Walk without = zolva::walk(tree.path("a"), options);
+    options.linksOnTop = true;
+    const Walk with = zolva::walk(tree.path("a"), options);
+    EXPECT_EQ(with.files, without.files + 1);
+    EXPECT_EQ(with.bytes, without.bytes + blocksOf(tree.path("a/link")));
+    EXPECT_EQ(with.largest.size(), without.largest.size());
+}
+
+TEST_F(TreeWalkerRoots, AWalkThatIsStoppedFromTheStartFindsNothing)
+{
+    const std::atomic<bool> stop = true;
+    zolva::WalkOptions options;
+    options.stop = &stop;
+    EXPECT_EQ(zolva::walk(tree.path("a"), options).files, 0);
 }
 
 } // namespace

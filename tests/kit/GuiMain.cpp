@@ -1,7 +1,10 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QtPlugin>
 
 #include <gtest/gtest.h>
+
+Q_IMPORT_PLUGIN(Zolva_KitPlugin)
 
 int main(int argc, char** argv)
 {

@@ -56,6 +56,19 @@ TEST(FolderWatch, WhatHappensFartherBelowIsNotTold)
     EXPECT_FALSE(isTold(watch));
 }
 
+TEST(FolderWatch, ThatTheFolderItselfWasRenamedOrRemovedIsTold)
+{
+    test::TempTree tree;
+    const std::string folder = tree.folder("folder");
+    const FolderWatch watch(folder);
+    ASSERT_EQ(std::rename(folder.c_str(), tree.path("renamed").c_str()), 0);
+    EXPECT_TRUE(isTold(watch));
+    watch.drain();
+    EXPECT_FALSE(isTold(watch));
+    ASSERT_EQ(::rmdir(tree.path("renamed").c_str()), 0);
+    EXPECT_TRUE(isTold(watch));
+}
+
 TEST(FolderWatch, AFolderThatIsMissingIsNotWatched)
 {
     const test::TempTree tree;

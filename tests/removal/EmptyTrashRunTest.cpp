@@ -145,5 +145,29 @@ TEST(EmptyTrash, TheWishToStopSurvivesASecondEmptyingToo)
     bench.settleMeasure();
 }
 
+TEST(EmptyTrash, AnEntryThatCannotBeDeletedIsNoNewItemWhenItIsBack)
+{
+    RunBench bench;
+    bench.disk->putInTrash("a", 10);
+    bench.disk->putInTrash("b", 10);
+    bench.disk->failDelete("b", "Operation not permitted");
+    bench.trash.refreshTrashMeter();
+    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.trash, [&] {
+        if (bench.state.bulk() && bench.state.bulk()->done == 1 &&
+            bench.state.bulk()->current == "b") {
+            // As the watch sees it: out of sight, and back where it lay.
+            bench.disk->take("/trash/b");
+            bench.trash.trashFolderChanged();
+            bench.disk->putInTrash("b", 10);
+            bench.trash.trashFolderChanged();
+        }
+    });
+    settled(emptyTrash(bench.tools()));
+    EXPECT_THAT(bench.toastTexts(),
+                ElementsAre("warning: Emptied 1 item, 1 could not be removed."));
+    EXPECT_FALSE(bench.trash.didJustTrash());
+    bench.settleMeasure();
+}
+
 } // namespace
 } // namespace zolva

@@ -85,6 +85,56 @@ TEST(PermanentRun, NothingStopsThePermanentPhaseAndTheWishEndsWithTheRun)
     EXPECT_FALSE(bench.state.cancelRequested());
 }
 
+TEST(PermanentRun, AnItemThatCannotBeDeletedIsNoNewItemWhenItIsBack)
+{
+    RunBench bench;
+    bench.keepInTrash = false;
+    bench.disk->put("/h/a", 1000);
+    bench.disk->failPurge("a", "a/b: Permission denied");
+    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.trash, [&] {
+        const auto& bulk = bench.state.bulk();
+        if (bulk && bulk->title == "Emptying the Trash") {
+            // A deletion that outlasts the quiet period, with the item out of sight until its end.
+            bench.clock.advance(std::chrono::seconds(13));
+            if (bulk->done == 0) {
+                bench.disk->take("/trash/a");
+            } else {
+                bench.disk->putInTrash("a", 1000);
+            }
+            bench.trash.trashFolderChanged();
+        }
+    });
+    run(bench, {"/h/a"});
+    EXPECT_THAT(bench.toastTexts(),
+                ElementsAre("success: Cleaned 1 KB, 1 item left in the Trash",
+                            "warning: Left in the Trash: a/b: Permission denied"));
+    EXPECT_FALSE(bench.trash.didJustTrash());
+    bench.settleMeasure();
+}
+
+TEST(PermanentRun, NorIsItIfTheWatchTellsOnlyAfterTheRun)
+{
+    RunBench bench;
+    bench.keepInTrash = false;
+    bench.disk->put("/h/a", 1000);
+    bench.disk->failPurge("a", "a/b: Permission denied");
+    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.trash, [&] {
+        const auto& bulk = bench.state.bulk();
+        if (bulk && bulk->title == "Emptying the Trash" && bulk->done == 0) {
+            bench.clock.advance(std::chrono::seconds(13));
+            bench.disk->take("/trash/a");
+            bench.trash.trashFolderChanged();
+        } else if (bulk && bulk->title == "Emptying the Trash") {
+            bench.disk->putInTrash("a", 1000);
+        }
+    });
+    run(bench, {"/h/a"});
+    bench.trash.trashFolderChanged();
+    EXPECT_EQ(bench.trash.trashCount(), 1);
+    EXPECT_EQ(bench.toastTexts().size(), 2u);
+    bench.settleMeasure();
+}
+
 TEST(PermanentRun, TheSettingAtTheEndOfTheMovesDecidesTheDeletion)
 {
     RunBench bench;

@@ -190,6 +190,26 @@ TEST(RunOnDisk, EmptyingTakesWhatWasListedAndWhatADeathLeftOutOfSight)
     EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
 }
 
+TEST(RunOnDisk, WhatADeathLeftOutOfSightGoesAlsoFromAnEmptyTrash)
+{
+    DiskBench b;
+    b.text(".local/share/Trash/expunged/zolva-0/deep", "2");
+    b.home.tree.folder("home/.local/share/Trash/files");
+    settled(emptyTrash(b.tools()));
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
+    EXPECT_THAT(b.bench.toastTexts(), ElementsAre("info: The Trash is already empty."));
+}
+
+TEST(RunOnDisk, WhatADeathLeftOutOfSightGoesWithTheNextPermanentRun)
+{
+    DiskBench b;
+    b.bench.keepInTrash = false;
+    b.text(".local/share/Trash/expunged/zolva-0/deep", "2");
+    b.text("Caches/one", "1");
+    EXPECT_EQ(b.run({"~/Caches/one"}).purged, 1);
+    EXPECT_THAT(test::namesIn(b.home.trash() + "/expunged"), IsEmpty());
+}
+
 TEST(RunOnDisk, AnEntryThatWasExchangedSinceTheListingIsNotDeleted)
 {
     DiskBench b;
@@ -216,6 +236,31 @@ TEST(RunOnDisk, AnUnreadableTrashHasNeitherCountNorListAndAMissingOneIsEmpty)
         EXPECT_EQ(disk.listTrash(), std::nullopt);
     });
     ASSERT_EQ(::chmod(disk.trashFolder().c_str(), 0700), 0);
+}
+
+TEST(RunOnDisk, TheMeasureIsTheSumOfTheTalliesOfAllEntries)
+{
+    test::TrashHome home;
+    const std::string trash = home.trash() + "/files/";
+    home.tree.text("home/elsewhere/large", std::string(50000, 'x'));
+    home.tree.text("home/.local/share/Trash/files/.hidden", std::string(9000, 'x'));
+    home.tree.text("home/.local/share/Trash/files/folder/deep/file", std::string(20000, 'x'));
+    // Long enough to need a block of its own.
+    const std::string longName(200, 'n');
+    home.tree.text("home/" + longName, "1");
+    home.tree.link("home/.local/share/Trash/files/to a file", home.path(longName));
+    home.tree.link("home/.local/share/Trash/files/to a folder", home.path("elsewhere"));
+    home.tree.link("home/.local/share/Trash/files/to nowhere", home.path(longName + "-gone"));
+    home.tree.link("home/.local/share/Trash/files/folder/inner", home.path(longName));
+    ASSERT_EQ(::mkfifo((trash + "fifo").c_str(), 0600), 0);
+    std::int64_t sum = 0;
+    for (const std::string& name : test::namesIn(trash)) {
+        sum += folderTally(trash + name).bytes;
+    }
+    const std::atomic<bool> stop = false;
+    EXPECT_EQ(LiveRemovalDisk().measureTrash(stop), sum);
+    EXPECT_GT(sum, 9000 + 20000);
+    EXPECT_LT(sum, 50000);
 }
 
 TEST(RunOnDisk, AMeasureThatIsOvertakenLooksAtNothing)

@@ -270,6 +270,29 @@ TEST(TrashWatch, AMissingTrashIsMadeForTheUserAloneAndIsEmptyAndReadable)
     EXPECT_EQ(status.st_mode & 0777u, 0700u);
 }
 
+TEST(TrashWatch, AFolderThatCannotBeWatchedIsSilentNotRetriedAndReadOnlyOnRequest)
+{
+    WatchedTrash watched;
+    // A file stands where the Trash would be.
+    const std::string inTheWay = watched.home.tree.text("home/.local/share/Trash", "");
+    watched.meter.startMeters();
+    EXPECT_TRUE(watched.meter.trashUnreadable());
+    EXPECT_EQ(watched.meter.trashCount(), 0);
+    ASSERT_EQ(::unlink(inTheWay.c_str()), 0);
+    watched.home.tree.text("home/.local/share/Trash/files/film.mov", "1");
+    // A notification would be there at once, and a timer had its time.
+    test::pumpOnce();
+    watched.clock.advance(std::chrono::minutes(10));
+    test::pumpOnce();
+    EXPECT_TRUE(watched.meter.trashUnreadable());
+    EXPECT_EQ(watched.meter.trashCount(), 0);
+    watched.meter.refreshTrashMeter();
+    EXPECT_FALSE(watched.meter.trashUnreadable());
+    EXPECT_EQ(watched.meter.trashCount(), 1);
+    EXPECT_EQ(watched.toasts.rowCount(), 0);
+    test::pumpUntil([&] { return !watched.meter.isMeasuring(); });
+}
+
 TEST(TrashWatch, WhatOthersPutThereIsSeenMeasuredAndTold)
 {
     WatchedTrash watched;

@@ -37,11 +37,18 @@ public:
     std::set<std::string> checked;
     std::optional<std::string> shown;
     std::vector<std::string> scanned;
+    std::function<void()> onStore; ///< who hears of a change
 
     const std::vector<UninstallApp>* loaded() const override { return apps ? &*apps : nullptr; }
     std::set<std::string> checkedApps() const override { return checked; }
     std::optional<std::string> focused() const override { return shown; }
-    void store(std::vector<UninstallApp> list) override { apps = std::move(list); }
+    void store(std::vector<UninstallApp> list) override
+    {
+        apps = std::move(list);
+        if (onStore) {
+            onStore();
+        }
+    }
     void clearChecked() override { checked.clear(); }
     void clearFocus() override { shown.reset(); }
     void focus(UninstallApp next) override

@@ -86,6 +86,15 @@ TEST(Uninstall, WithoutALoadedListNothingHappens)
     EXPECT_THAT(b.bench.disk->changes(), IsEmpty());
 }
 
+TEST(Uninstall, AListThatIsReadAnewAsSoonAsItChangesHindersNothing)
+{
+    UninstallBench b;
+    b.check({"One"});
+    b.list.onStore = [&b] { b.list.apps.reset(); };
+    EXPECT_EQ(b.uninstall().uninstalled, 1);
+    EXPECT_THAT(*b.scans, ElementsAre("One: Two Three"));
+}
+
 TEST(Uninstall, SharedLeftoversStay)
 {
     UninstallBench b;

@@ -8,13 +8,10 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cstdio>
 #include <filesystem>
-#include <thread>
 
 namespace {
 
@@ -181,30 +178,6 @@ TEST_F(PurgeFromTrash, ATrashThatIsALinkIsTheTrashAllTheSame)
     EXPECT_EQ(purgeFromTrash({landed}).purged, 1);
     EXPECT_TRUE(namesIn(m_home.path("elsewhere/files")).empty());
     EXPECT_TRUE(namesIn(m_home.path("elsewhere/info")).empty());
-}
-
-TEST_F(PurgeFromTrash, NothingGoesFromTheTrashThatIsHeldByAPathOfAnother)
-{
-    const std::string kept = m_tree.text("home/a/files/x", "kept");
-    const std::string share = m_home.path(".local/share/");
-    m_tree.link("home/.local/share/Trash", m_home.path("a"));
-    m_tree.link("home/.local/share/Other", m_home.path("b"));
-    std::atomic<bool> stop = false;
-    std::thread swapper([&] {
-        while (!stop) {
-            ::renameat2(AT_FDCWD, (share + "Trash").c_str(), AT_FDCWD, (share + "Other").c_str(),
-                        RENAME_EXCHANGE);
-        }
-    });
-    std::int64_t purged = 0;
-    for (int round = 0; round < 1500; ++round) {
-        const std::string landed = m_tree.text("home/b/files/x", "goes");
-        purged += purgeFromTrash({landed}).purged;
-        EXPECT_EQ(content(kept), "kept") << "round " << round;
-    }
-    stop = true;
-    swapper.join();
-    EXPECT_GT(purged, 0);
 }
 
 TEST_F(PurgeFromTrash, AFailureStopsNothingAndIsToldWithItsPath)

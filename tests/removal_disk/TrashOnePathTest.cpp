@@ -7,11 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <atomic>
 #include <filesystem>
-#include <thread>
 
 namespace {
 
@@ -190,37 +186,6 @@ TEST(TrashOnePathOnAnotherVolume, AHomeOnItLandsInItsOwnTrash)
         EXPECT_EQ(trashOnePath(home.path("Library/Caches/x")).landed, home.inTrash("x"));
         std::filesystem::remove_all(home.home());
     });
-}
-
-TEST_F(TrashOnePath, WhatVanishesDuringItsMoveIsAbsentAndNoFailure)
-{
-    int absent = 0;
-    for (int round = 0; round < 100; ++round) {
-        const std::string path = m_tree.text("home/x/item", "1");
-        std::atomic<bool> go = false;
-        std::atomic<bool> isGone = false;
-        std::thread other([&] {
-            while (!go) {
-                std::this_thread::yield();
-            }
-            for (int i = 0; i < round; ++i) {
-                static_cast<void>(stands(path));
-            }
-            ::unlink(path.c_str());
-            isGone = true;
-        });
-        go = true;
-        while (round % 10 == 0 && !isGone) { // now and then it certainly comes first
-            std::this_thread::yield();
-        }
-        const TrashAttempt attempt = trashOnePath(path);
-        other.join();
-        ASSERT_FALSE(std::holds_alternative<TrashFailed>(attempt.outcome)) << "round " << round;
-        const bool isAbsent = std::holds_alternative<TrashAlreadyAbsent>(attempt.outcome);
-        ASSERT_EQ(attempt.landed.has_value(), !isAbsent);
-        absent += isAbsent ? 1 : 0;
-    }
-    EXPECT_GT(absent, 0);
 }
 
 } // namespace

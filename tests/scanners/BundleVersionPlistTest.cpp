@@ -107,6 +107,65 @@ TEST(PlistText, AByteOrderMarkBeforeXmlIsPassedOver)
               "x");
 }
 
+/// With its byte order mark.
+std::string utf16Of(const std::u16string& text, bool bigEndian)
+{
+    std::string bytes;
+    for (const char16_t unit : u"\uFEFF" + text) {
+        const char high = static_cast<char>(unit >> 8);
+        const char low = static_cast<char>(unit & 0xFF);
+        bytes += bigEndian ? std::string{high, low} : std::string{low, high};
+    }
+    return bytes;
+}
+
+TEST(PlistText, XmlOfUtf16IsReadInBothByteOrders)
+{
+    const std::u16string list = u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n"
+                                u"<plist version=\"1.0\"><dict><key>K</key>"
+                                u"<string>1.2 \u00E9 \u20AC \U0001F600</string></dict></plist>";
+    const std::string expected = "1.2 \xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80";
+    EXPECT_EQ(plistText(utf16Of(list, false), "K"), expected);
+    EXPECT_EQ(plistText(utf16Of(list, true), "K"), expected);
+}
+
+TEST(PlistText, Utf16ThatIsNoTextIsNothing)
+{
+    const auto listOf = [](const std::u16string& value) {
+        return utf16Of(u"<plist version=\"1.0\"><dict><key>K</key><string>" + value +
+                           u"</string></dict></plist>",
+                       false);
+    };
+    ASSERT_EQ(plistText(listOf(u"x"), "K"), "x");
+    const std::u16string first(1, char16_t{0xD83D});
+    const std::u16string second(1, char16_t{0xDE00});
+    ASSERT_EQ(plistText(listOf(first + second), "K"), "\xF0\x9F\x98\x80");
+    for (const std::u16string& broken : {first, second, second + first, first + u"x"}) {
+        EXPECT_EQ(plistText(listOf(broken), "K"), std::nullopt);
+    }
+    EXPECT_EQ(plistText(listOf(u"x") + "\n", "K"), std::nullopt) << "half a character";
+    for (const std::string bytes : {"\xFF\xFE", "\xFE\xFF", "\xFF\xFE<", "\xFE\xFF\xD8\x3D"}) {
+        EXPECT_EQ(plistText(bytes, "K"), std::nullopt);
+    }
+}
+
+TEST(PlistText, TheLimitsHoldForUtf16AsWell)
+{
+    const auto nested = [](int levels) {
+        std::u16string list = u"<plist version=\"1.0\"><dict><key>K</key><string>x</string>"
+                              u"<key>deep</key>";
+        for (int i = 0; i < levels; ++i) {
+            list += u"<array>";
+        }
+        for (int i = 0; i < levels; ++i) {
+            list += u"</array>";
+        }
+        return utf16Of(list + u"</dict></plist>", true);
+    };
+    EXPECT_EQ(plistText(nested(1000), "K"), "x");
+    EXPECT_EQ(plistText(nested(400'000), "K"), std::nullopt);
+}
+
 TEST(PlistText, ABinaryListWrittenByHandIsRead)
 {
     const std::string dict = dictHead + reference(1) + reference(2);

@@ -2,6 +2,7 @@
 
 #include "RandomStorage.h"
 #include "files/PathGuards.h"
+#include "support/QuickPlace.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
 
@@ -159,6 +160,7 @@ void growPlaces(TempTree& tree, RandomStorage& random)
 
 TEST(LeftoverScanOracle, ThreeHundredRandomHomesGiveTheRowsOfThePlainRule)
 {
+    const test::ScopedVariable place("TMPDIR", test::quickPlace());
     const Texts keys = {"foo", "Foo", "org.foo", "unknown", "..", " foo", "a/b", "", "N"};
     std::size_t rowsSeen = 0;
     for (unsigned seed = 0; seed < 300; ++seed) {

@@ -1,6 +1,7 @@
 #include "scanners/StorageAnalysis.h"
 
 #include "RandomStorage.h"
+#include "support/QuickPlace.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
 
@@ -231,6 +232,7 @@ void growHome(TempTree& tree, RandomStorage& random)
 
 TEST(StorageAnalysisOracle, ThreeHundredRandomHomesAreAnalysedAsByThePlainRule)
 {
+    const test::ScopedVariable place("TMPDIR", test::quickPlace());
     std::int64_t oldFiles = 0;
     std::size_t fullLists = 0;
     for (unsigned seed = 0; seed < 300; ++seed) {

@@ -240,11 +240,16 @@ TEST_F(StorageAnalysis, AnUnreadableChildIsAnEntryWithWhatCouldBeRead)
 TEST_F(StorageAnalysis, AFolderThatCanBeListedAndNotEnteredHasEntriesThatHoldNothing)
 {
     block("folder/a", 3);
+    block("other/below/a", 3);
     m_tree.setMode("folder", 0444);
+    m_tree.setMode("other", 0444);
     test::withoutOverridingPermissions([this] {
         const AnalyzeResult result = drilled("folder");
         EXPECT_EQ(namesOf(result.entries), Texts{"a 0"});
         EXPECT_EQ(result.totalFiles, 0);
+        const AnalyzeResult other = drilled("other");
+        EXPECT_EQ(namesOf(other.entries), Texts{"below 0"});
+        EXPECT_FALSE(other.entries.at(0).isDir) << "nothing can be looked at behind it";
     });
 }
 

@@ -78,6 +78,8 @@ Rectangle {
     }
 
     NoiseOverlay {
+        id: grain
+
         anchors.fill: parent
         opacity: 0.04
     }
@@ -89,6 +91,7 @@ Rectangle {
         function init() {
             Theme.light = true;
             Motion.reduced = false;
+            grain.visible = true;
             box.on = false;
             box.dimmed = false;
             mascot.tint = Qt.binding(() => Theme.palette.accent);
@@ -103,12 +106,13 @@ Rectangle {
 
         function test_aCheckBoxIsACardWithAStrokeUntilItIsOn() {
             compare(box.color, Theme.palette.card);
+            grain.visible = false;
             let off = grabImage(ground);
             verify(off.red(9, 1) < off.red(9, 5) - 10, "a stroke at the edge");
             box.on = true;
             compare(box.color, Theme.palette.accent);
             let on = grabImage(ground);
-            verify(on.red(9, 2) <= 2 && on.blue(9, 2) >= 253, "filled with the accent");
+            compare(on.pixel(9, 2), Theme.palette.accent);
             let white = 0;
             for (let y = 5; y < 14; ++y)
                 for (let x = 5; x < 14; ++x)

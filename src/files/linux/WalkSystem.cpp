@@ -1,5 +1,6 @@
 #include "files/WalkSystem.h"
 
+#include "files/Uninterrupted.h"
 #include "platform/LongPath.h"
 
 #include <dirent.h>
@@ -58,6 +59,21 @@ void fillIn(const struct stat& from, NodeStatus& status)
     status.id = {static_cast<std::uint64_t>(from.st_dev), static_cast<std::uint64_t>(from.st_ino)};
 }
 
+int opened(int parent, const char* name, int flags)
+{
+    return uninterrupted([&] { return ::openat(parent, name, flags); });
+}
+
+bool statusAt(int folder, const char* name, int flags, NodeStatus& status)
+{
+    struct stat found;
+    if (uninterrupted([&] { return ::fstatat(folder, name, &found, flags); }) != 0) {
+        return false;
+    }
+    fillIn(found, status);
+    return true;
+}
+
 int noFollow(LastLink link)
 {
     return link == LastLink::Follow ? 0 : O_NOFOLLOW;
@@ -69,13 +85,13 @@ int openFolder(int parent, const char* name, LastLink link, bool& spareTimes)
 {
     const int flags = folderFlags | noFollow(link);
     if (spareTimes) {
-        const int folder = ::openat(parent, name, flags | O_NOATIME);
+        const int folder = opened(parent, name, flags | O_NOATIME);
         if (folder >= 0 || errno != EPERM) {
             return folder;
         }
         spareTimes = false; // Only the owner of a folder may ask for it.
     }
-    return ::openat(parent, name, flags);
+    return opened(parent, name, flags);
 }
 
 int openFolder(const std::string& path, bool& spareTimes)
@@ -86,7 +102,7 @@ int openFolder(const std::string& path, bool& spareTimes)
 
 int openStep(int parent, const char* path, LastLink link)
 {
-    return ::openat(parent, path, O_PATH | O_DIRECTORY | O_CLOEXEC | noFollow(link));
+    return opened(parent, path, O_PATH | O_DIRECTORY | O_CLOEXEC | noFollow(link));
 }
 
 int openStep(const std::string& path)
@@ -97,18 +113,19 @@ int openStep(const std::string& path)
 
 bool statusOf(int folder, const char* name, NodeStatus& status)
 {
-    struct stat found;
-    if (::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) {
-        return false;
-    }
-    fillIn(found, status);
-    return true;
+    return statusAt(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, status);
+}
+
+bool leadsSomewhere(int folder, const char* link)
+{
+    NodeStatus status;
+    return statusAt(folder, link, 0, status);
 }
 
 bool statusOf(int descriptor, NodeStatus& status)
 {
     struct stat found;
-    if (::fstat(descriptor, &found) != 0) {
+    if (uninterrupted([&] { return ::fstat(descriptor, &found); }) != 0) {
         return false;
     }
     fillIn(found, status);
@@ -118,13 +135,8 @@ bool statusOf(int descriptor, NodeStatus& status)
 bool statusOf(const std::string& path, LastLink link, NodeStatus& status)
 {
     const LongPath from(path);
-    struct stat found;
     const int flags = link == LastLink::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
-    if (!from.reached() || ::fstatat(from.at(), from.rest(), &found, flags) != 0) {
-        return false;
-    }
-    fillIn(found, status);
-    return true;
+    return from.reached() && statusAt(from.at(), from.rest(), flags, status);
 }
 
 std::size_t longestPath()
@@ -152,7 +164,8 @@ bool FolderEntries::fill(int folder)
     if (!m_buffer) {
         m_buffer.reset(new char[bufferSize]);
     }
-    const ssize_t got = ::getdents64(folder, m_buffer.get(), bufferSize);
+    const ssize_t got =
+        uninterrupted([&] { return ::getdents64(folder, m_buffer.get(), bufferSize); });
     m_at = 0;
     m_filled = got > 0 ? static_cast<std::size_t>(got) : 0;
     // A folder removed while it is read has come to its end.

@@ -1,5 +1,6 @@
 #include "files/WalkSystem.h"
 
+#include "files/Uninterrupted.h"
 #include "platform/LongPath.h"
 
 #include <fcntl.h>
@@ -117,7 +118,8 @@ int openFolder(int parent, const char* name, LastLink link, bool&)
         errno = ENOENT;
         return -1;
     }
-    return ::openat(parent, name, folderFlags | noFollow(link));
+    const int flags = folderFlags | noFollow(link);
+    return uninterrupted([&] { return ::openat(parent, name, flags); });
 }
 
 int openFolder(const std::string& path, bool& spareTimes)
@@ -128,7 +130,8 @@ int openFolder(const std::string& path, bool& spareTimes)
 
 int openStep(int parent, const char* path, LastLink link)
 {
-    return ::openat(parent, path, O_SEARCH | O_DIRECTORY | O_CLOEXEC | noFollow(link));
+    const int flags = O_SEARCH | O_DIRECTORY | O_CLOEXEC | noFollow(link);
+    return uninterrupted([&] { return ::openat(parent, path, flags); });
 }
 
 int openStep(const std::string& path)
@@ -141,17 +144,24 @@ bool statusOf(int folder, const char* name, NodeStatus& status)
 {
     quietThread();
     struct stat found;
-    if (::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW) != 0) {
+    const auto ask = [&] { return ::fstatat(folder, name, &found, AT_SYMLINK_NOFOLLOW); };
+    if (uninterrupted(ask) != 0) {
         return false;
     }
     fillIn(found, status);
     return true;
 }
 
+bool leadsSomewhere(int folder, const char* link)
+{
+    struct stat found;
+    return uninterrupted([&] { return ::fstatat(folder, link, &found, 0); }) == 0;
+}
+
 bool statusOf(int descriptor, NodeStatus& status)
 {
     struct stat found;
-    if (::fstat(descriptor, &found) != 0) {
+    if (uninterrupted([&] { return ::fstat(descriptor, &found); }) != 0) {
         return false;
     }
     fillIn(found, status);
@@ -164,7 +174,8 @@ bool statusOf(const std::string& path, LastLink link, NodeStatus& status)
     const LongPath from(path);
     struct stat found;
     const int flags = link == LastLink::Follow ? 0 : AT_SYMLINK_NOFOLLOW;
-    if (!from.reached() || ::fstatat(from.at(), from.rest(), &found, flags) != 0) {
+    const auto ask = [&] { return ::fstatat(from.at(), from.rest(), &found, flags); };
+    if (!from.reached() || uninterrupted(ask) != 0) {
         return false;
     }
     fillIn(found, status);
@@ -203,7 +214,8 @@ bool FolderEntries::fill(int folder)
     wanted.bitmapcount = ATTR_BIT_MAP_COUNT;
     wanted.commonattr = ATTR_CMN_RETURNED_ATTRS | ATTR_CMN_ERROR | ATTR_CMN_NAME |
                         ATTR_CMN_OBJTYPE | ATTR_CMN_FILEID;
-    const int got = ::getattrlistbulk(folder, &wanted, m_buffer.get(), bufferSize, 0);
+    const int got = uninterrupted(
+        [&] { return ::getattrlistbulk(folder, &wanted, m_buffer.get(), bufferSize, 0); });
     m_at = 0;
     m_filled = got > 0 ? static_cast<std::size_t>(got) : 0; // entries, and not bytes
     // A folder removed while it is read has come to its end.

@@ -31,6 +31,13 @@ std::string infoName(const std::string& name)
     return name + std::string(trashInfoSuffix);
 }
 
+bool isOurs(int folder)
+{
+    struct stat status
+    {};
+    return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
+}
+
 tl::expected<std::string, int> wholeInfo(int folder, const std::string& name)
 {
     const FileDescriptor file(
@@ -107,15 +114,17 @@ void forgetTrashOrigin(const PinnedTrash& trash, const std::string& name)
 
 void forgetTrashOrigin(int files, const std::string& name)
 {
-    // Not by its path, which may lead elsewhere by now. It is a Trash if it calls that folder so.
+    // Not by its path, which may lead elsewhere by now. It is a Trash if it calls that folder so,
+    // and the records are ours to forget only in one of our own.
     const FileDescriptor trash(::openat(files, "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
     const auto held = identityOf(files);
-    if (!trash.isOpen() || !held || identityAt(trash.get(), "files") != held) {
+    if (!trash.isOpen() || !held || identityAt(trash.get(), "files") != held ||
+        !isOurs(trash.get())) {
         return;
     }
     const FileDescriptor info(
         ::openat(trash.get(), "info", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (info.isOpen()) {
+    if (info.isOpen() && isOurs(info.get())) {
         ::unlinkat(info.get(), infoName(name).c_str(), 0);
     }
 }

@@ -85,6 +85,10 @@ Purge purgeFromTrash(const std::vector<KnownItem>& landed)
     for (const KnownItem& item : landed) {
         purgeOne(*trash, resolvedTrash, item, purge);
     }
+    if (purge.purged > 0) {
+        // Nobody sees what an earlier death has left; a Trash that is never emptied keeps it.
+        deleteLeftovers(*trash);
+    }
     return purge;
 }
 

@@ -61,9 +61,15 @@ QCoro::Task<std::vector<RunItem>> moveInTurn(RunTools tools, std::vector<std::st
 QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<KnownItem> landed)
 {
     const auto count = static_cast<std::int64_t>(landed.size());
+    const OwnMoves own(tools.trash);
     Purge purge = co_await background(&purgeOn, tools.disk, std::move(landed));
     if (tools.state) {
         tools.state->setDone(count);
+        if (!purge.problems.empty()) {
+            // What could not be deleted was out of the Trash for a while; that it is back is no
+            // news, also if nobody told the meter yet.
+            tools.trash.refreshTrashMeter();
+        }
     }
     co_return purge;
 }

@@ -28,6 +28,8 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
 {
     EmptyReport report;
     std::int64_t done = 0;
+    // What cannot be deleted is out of the Trash for a while, and is no news when it is back.
+    const OwnMoves own(tools.trash);
     for (const KnownItem& entry : entries) {
         if (!tools.state) {
             break;
@@ -45,6 +47,15 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
     }
     co_await background(&sweepOn, tools.disk);
     co_return report;
+}
+
+/// Of an empty Trash, what nobody sees may still take room.
+QCoro::Task<> sweepOnly(RunTools tools)
+{
+    co_await background(&sweepOn, tools.disk);
+    if (tools.state) {
+        tools.space.refreshFreeSpace();
+    }
 }
 
 /// What to delete; nothing where the user was told why there is nothing to do.
@@ -77,6 +88,9 @@ QCoro::Task<EmptyReport> emptyTrash(RunTools tools)
     }
     std::vector<KnownItem> entries = itemsToDelete(tools, report);
     if (entries.empty()) {
+        if (!report.unreadable) {
+            co_await sweepOnly(tools);
+        }
         co_return report;
     }
     BulkMark bulk(tools.state, name.title, entries.size());

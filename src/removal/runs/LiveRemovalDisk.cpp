@@ -1,8 +1,8 @@
 #include "removal/runs/LiveRemovalDisk.h"
 
-#include "files/FolderTally.h"
 #include "files/HomeFolder.h"
 #include "files/PathText.h"
+#include "files/TreeWalker.h"
 #include "platform/OpenFolder.h"
 #include "platform/SystemTrash.h"
 #include "removal/disk/AdminMoveToTrash.h"
@@ -11,9 +11,7 @@
 
 #include <dirent.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstddef>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -21,10 +19,6 @@
 namespace zolva {
 
 namespace {
-
-/// So many entries are measured before a measure looks whether it is overtaken: few enough for it
-/// to end soon, enough for the threads of a walk to have work.
-constexpr std::size_t measuredAtOnce = 512;
 
 struct CloseFolder
 {
@@ -119,20 +113,12 @@ std::optional<std::vector<KnownItem>> LiveRemovalDisk::listTrash()
 
 std::int64_t LiveRemovalDisk::measureTrash(const std::atomic<bool>& stop)
 {
-    const std::vector<std::string> names = zolva::listTrash().value_or(std::vector<std::string>());
-    const std::string folder = zolva::trashFolder();
-    std::int64_t bytes = 0;
-    for (std::size_t begin = 0; begin < names.size() && !stop.load(); begin += measuredAtOnce) {
-        const std::size_t end = std::min(begin + measuredAtOnce, names.size());
-        std::vector<std::string> paths;
-        for (std::size_t i = begin; i < end; ++i) {
-            paths.push_back(joinedPath(folder, names[i]));
-        }
-        for (const Tally& tally : folderTallies(paths)) {
-            bytes += tally.bytes;
-        }
-    }
-    return bytes;
+    // The sum of the tallies of all entries, by one walk.
+    WalkOptions options;
+    options.keepLargest = false;
+    options.linksOnTop = true;
+    options.stop = &stop;
+    return walk(zolva::trashFolder(), options).bytes;
 }
 
 std::optional<std::string> LiveRemovalDisk::deleteFromTrash(const KnownItem& entry)

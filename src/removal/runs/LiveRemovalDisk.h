@@ -5,7 +5,7 @@
 namespace zolva {
 
 /// The machine's disk.
-class LiveRemovalDisk final : public RemovalDisk
+class LiveRemovalDisk : public RemovalDisk
 {
 public:
     [[nodiscard]] TrashAttempt trashOnePath(const std::string& path) override;

@@ -132,18 +132,25 @@ void tellFirstPass(const UninstallTools& tools, const UninstallReport& report)
     }
 }
 
-/// Takes the ticked applications out of the list, before anything is done on the disk.
-Apps takeChosen(ListedApps& list)
+struct Split
 {
-    const std::set<std::string> checked = list.checkedApps();
     Apps chosen;
     Apps remaining;
+};
+
+/// Takes the ticked applications out of the list, before anything is done on the disk. Who hears of
+/// it may begin to read the list anew.
+Split takeChosen(ListedApps& list)
+{
+    const std::set<std::string> checked = list.checkedApps();
+    Split split;
+    auto& [chosen, remaining] = split;
     for (const UninstallApp& app : *list.loaded()) {
         (checked.contains(app.id()) ? chosen : remaining).push_back(app);
     }
     const std::optional<std::string> focused = list.focused();
     const bool focusLeaves =
-        focused && std::any_of(chosen.begin(), chosen.end(),
+        focused && std::any_of(split.chosen.begin(), split.chosen.end(),
                                [&](const UninstallApp& app) { return app.id() == *focused; });
     list.store(remaining);
     list.clearChecked();
@@ -153,7 +160,7 @@ Apps takeChosen(ListedApps& list)
     if (!remaining.empty() && !list.focused()) {
         list.focus(remaining.front());
     }
-    return chosen;
+    return split;
 }
 
 /// One application with administrator rights; whether its bundle is gone.
@@ -210,11 +217,10 @@ QCoro::Task<UninstallReport> uninstallChecked(UninstallTools tools)
     if (report.start != RunStart::Started) {
         co_return report;
     }
-    const Apps chosen = takeChosen(tools.list);
-    // Without the chosen ones: two that go together do not protect each other's leftovers.
-    const Apps apps = *tools.list.loaded();
-    for (const UninstallApp& app : chosen) {
-        const bool wasRunning = co_await firstPass(tools, app, apps);
+    const Split split = takeChosen(tools.list);
+    for (const UninstallApp& app : split.chosen) {
+        // Without the chosen ones: two that go together do not protect each other's leftovers.
+        const bool wasRunning = co_await firstPass(tools, app, split.remaining);
         if (!tools.run.state) {
             co_return report;
         }
@@ -226,7 +232,7 @@ QCoro::Task<UninstallReport> uninstallChecked(UninstallTools tools)
         }
     }
     lock.reset();
-    report.uninstalled = countOf(chosen) - countOf(report.stuck);
+    report.uninstalled = countOf(split.chosen) - countOf(report.stuck);
     putBackIntoList(tools.list, report.stuck);
     tellFirstPass(tools, report);
     co_return report;

@@ -9,6 +9,10 @@ Text {
     property real tracking: 0
     property bool mono: false
 
+    // Nothing that the keyboard could come to.
+    Accessible.focusable: false
+    Accessible.name: text
+    Accessible.role: Accessible.StaticText
     color: Theme.palette.label
     font: mono ? Face.mono(size, weight) : Face.text(size, weight, tracking)
     linkColor: Theme.palette.accent

@@ -40,8 +40,9 @@ QSGNode* Picture::updatePaintNode(QSGNode* old, UpdatePaintNodeData* /*data*/)
         m_isNew = true;
     }
     if (m_isNew) {
-        node->setTexture(
-            window()->createTextureFromImage(m_drawn.image, QQuickWindow::TextureHasAlphaChannel));
+        const QQuickWindow::CreateTextureOptions options = {QQuickWindow::TextureHasAlphaChannel,
+                                                            QQuickWindow::TextureCanUseAtlas};
+        node->setTexture(window()->createTextureFromImage(m_drawn.image, options));
         m_isNew = false;
     }
     node->setRect(m_drawn.place);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QRectF>
 
@@ -11,6 +12,7 @@ namespace zolva {
 class Picture : public QQuickItem
 {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     explicit Picture(QQuickItem* parent = nullptr);

@@ -13,6 +13,7 @@ T.AbstractButton {
     property string spokenName: text
     property string spokenValue
     property string spokenHint
+    property int spokenRole: Accessible.Button
     property real ringRadius: 6
     property real ringInset: -3
 
@@ -32,12 +33,15 @@ T.AbstractButton {
     Accessible.checkable: checkable
     Accessible.checked: checked
     Accessible.description: spokenValue && spokenHint ? spokenValue + ". " + spokenHint : spokenValue + spokenHint
-    Accessible.focusable: true
+    Accessible.focusable: enabled // Qt before 6.5 tells nothing more of a disabled item
     Accessible.name: spokenName
-    Accessible.role: Accessible.Button
+    Accessible.role: spokenRole
+    // The toolkit gives every button its own role, each time that somebody begins to listen; before
+    // Qt 6.5 nothing helps against that, and all are told as buttons.
+    Accessible.onRoleChanged: Accessible.role = spokenRole
     Keys.onEnterPressed: event => button.pressByKey(event)
     Keys.onReturnPressed: event => button.pressByKey(event)
-    activeFocusOnTab: true
+    activeFocusOnTab: enabled
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

@@ -44,6 +44,4 @@ T.Menu {
         keyNavigationEnabled: false
         model: menu.contentModel
     }
-    delegate: PopupItem {
-    }
 }

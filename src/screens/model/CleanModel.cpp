@@ -20,7 +20,12 @@ CleanModel::CleanModel(AppModel& model, QObject* parent)
 
 CleanModel::Page CleanModel::page() const
 {
-    switch (m_model.live().clean().state()) {
+    return pageOf(m_model.live().clean().state());
+}
+
+CleanModel::Page CleanModel::pageOf(LoadState clean)
+{
+    switch (clean) {
     case LoadState::Loading:
         return Scanning;
     case LoadState::Loaded:

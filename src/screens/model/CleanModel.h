@@ -43,6 +43,8 @@ public:
     explicit CleanModel(AppModel& model, QObject* parent = nullptr);
 
     [[nodiscard]] Page page() const;
+    /// A scan that failed is offered again.
+    [[nodiscard]] static Page pageOf(LoadState clean);
     [[nodiscard]] QString subtitle() const;
     [[nodiscard]] CleanRows* rows() { return &m_rows; }
     [[nodiscard]] SortMenu* sort() { return &m_sort; }

@@ -7,7 +7,7 @@
 #include "screens/model/ShownText.h"
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
 #include <utility>
 
 namespace zolva {
@@ -139,15 +139,22 @@ void CleanRows::reorder()
     }
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const std::vector<std::string> before = order();
+    const std::vector<Sums> sums = std::move(m_sums);
     m_rows = sortedCategories(std::move(m_rows), key);
-    takeSums();
-    m_ticks = ticksNow();
-    std::map<std::string, int> places;
-    for (std::size_t row = 0; row < m_rows.size(); ++row) {
-        places[m_rows[row].id] = static_cast<int>(row);
+    std::unordered_map<std::string, std::size_t> places;
+    for (std::size_t row = 0; row < before.size(); ++row) {
+        places[before[row]] = row;
     }
+    m_sums.clear();
+    std::vector<int> moved(before.size());
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
+        const std::size_t old = places.at(m_rows[row].id);
+        m_sums.push_back(sums[old]);
+        moved[old] = static_cast<int>(row);
+    }
+    m_ticks = ticksNow();
     for (const QModelIndex& held : persistentIndexList()) {
-        changePersistentIndex(held, index(places.at(before[static_cast<std::size_t>(held.row())])));
+        changePersistentIndex(held, index(moved[static_cast<std::size_t>(held.row())]));
     }
     Q_EMIT layoutChanged({}, VerticalSortHint);
 }

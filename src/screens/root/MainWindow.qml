@@ -1,8 +1,35 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Kit
+import Zolva.Model
+import Zolva.Root
 
+// The one window. Whether it hides or the program ends when somebody closes it is the program's
+// decision.
 Window {
-    width: 980; height: 660; visible: true
-    Card { anchors.fill: parent; Component.onCompleted: console.log("card here", Theme.light) }
+    id: window
+
+    required property ScreenModel model
+
+    signal closeWanted
+
+    color: Theme.palette.win
+    height: 812
+    minimumHeight: 660
+    minimumWidth: 980
+    title: "Zolva"
+    visible: true
+    width: 1220
+
+    onClosing: close => {
+        close.accepted = false;
+        window.closeWanted();
+    }
+
+    ZolvaRootView {
+        anchors.fill: parent
+        focus: true
+        model: window.model
+        onCloseWanted: window.closeWanted()
+    }
 }

@@ -1,0 +1,76 @@
+"""What the Clean screen has to find in a home, worked out apart from the program."""
+
+import os
+
+from driver.disk import blocks, size_text
+
+FLOOR = 1000000
+PLACES = (
+    ("Xcode DerivedData", "Build intermediates Xcode recreates",
+     "Library/Developer/Xcode/DerivedData", True),
+    ("Xcode device support", "Symbols for iOS devices you've connected",
+     "Library/Developer/Xcode/iOS DeviceSupport", True),
+    ("Application caches", "App caches macOS rebuilds on demand", "Library/Caches", True),
+    ("Application logs", "Diagnostic logs apps rewrite", "Library/Logs", True),
+    ("Saved application state", "Window state apps recreate",
+     "Library/Saved Application State", True),
+    ("npm cache", "Downloaded npm packages", ".npm/_cacache", False),
+    ("Go build cache", "Compiled Go objects", "Library/Caches/go-build", False),
+)
+PROTECTED = ("CloudKit", "CloudDocs", "Mail", "Messages", "Keychains")
+
+
+class Path:
+    def __init__(self, home, short, is_kept):
+        self.short = short
+        self.shown = "~/" + short
+        self.size = blocks(os.path.join(home, short))
+        self.is_kept = is_kept
+
+
+class Category:
+    def __init__(self, name, description, paths):
+        self.name = name
+        self.description = description
+        self.paths = sorted(paths, key=lambda path: -path.size)
+        self.total = sum(path.size for path in paths)
+
+    @property
+    def going(self):
+        return [path for path in self.paths if not path.is_kept]
+
+    @property
+    def removable(self):
+        return sum(path.size for path in self.going)
+
+    @property
+    def kept(self):
+        return self.total - self.removable
+
+    def detail(self):
+        line = size_text(self.removable) + " removable"
+        return line + (", %s protected" % size_text(self.kept) if self.kept else "")
+
+    def value(self, is_ticked):
+        if not self.removable:
+            return "Protected, cannot be selected"
+        if is_ticked:
+            return "Selected, %s will be deleted" % size_text(self.removable)
+        return "Not selected"
+
+
+def categories(home, excluded=()):
+    """Largest first, as the screen shows them; `excluded` are paths below the home."""
+    found = []
+    for name, description, place, each in PLACES:
+        top = os.path.join(home, place)
+        if not os.path.isdir(top):
+            continue
+        shorts = [place + "/" + child for child in os.listdir(top)
+                  if not child.startswith(".")] if each else [place]
+        paths = [Path(home, short, os.path.basename(short) in PROTECTED or short in excluded)
+                 for short in shorts]
+        paths = [path for path in paths if path.size >= FLOOR]
+        if paths:
+            found.append(Category(name, description, paths))
+    return sorted(found, key=lambda category: -category.total)

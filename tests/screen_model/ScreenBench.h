@@ -1,0 +1,148 @@
+#pragma once
+
+#include "async/Unawaited.h"
+#include "core/WholeModel.h"
+
+#include "support/qt/EventLoop.h"
+
+#include <QAbstractItemModel>
+#include <QAbstractItemModelTester>
+#include <QObject>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace zolva::test {
+
+/// What a list of rows has told, one text for each signal: "reset", "moved", "3", "3-5". It is
+/// under the model tester all the while.
+class ToldRows
+{
+public:
+    explicit ToldRows(QAbstractItemModel* rows)
+        : m_tester(rows, QAbstractItemModelTester::FailureReportingMode::Fatal)
+    {
+        QObject::connect(rows, &QAbstractItemModel::modelReset, &m_context,
+                         [this] { told.emplace_back("reset"); });
+        QObject::connect(rows, &QAbstractItemModel::layoutChanged, &m_context,
+                         [this] { told.emplace_back("moved"); });
+        QObject::connect(
+            rows, &QAbstractItemModel::dataChanged, &m_context,
+            [this](const QModelIndex& first, const QModelIndex& last, const QList<int>& which) {
+                const std::string from = std::to_string(first.row());
+                told.push_back(first == last ? from : from + "-" + std::to_string(last.row()));
+                roles = which;
+            });
+    }
+
+    std::vector<std::string> told;
+    QList<int> roles; ///< of the last change
+
+private:
+    QObject m_context;
+    QAbstractItemModelTester m_tester;
+};
+
+/// The whole model with the scans that screens show.
+class ScreenBench : public WholeModel
+{
+protected:
+    static CatPath path(const std::string& where, std::int64_t bytes, bool prot = false)
+    {
+        CatPath one;
+        one.p = where;
+        one.b = bytes;
+        one.prot = prot;
+        return one;
+    }
+    static std::vector<CatPath> paths(std::size_t count, std::int64_t bytes = 1000)
+    {
+        std::vector<CatPath> all;
+        for (std::size_t number = 1; number <= count; ++number) {
+            all.push_back(path("/c/" + std::to_string(number), bytes));
+        }
+        return all;
+    }
+    static Category cache(const std::string& id, std::vector<CatPath> all)
+    {
+        Category one = category(id);
+        one.paths = std::move(all);
+        return one;
+    }
+    static Project built(const std::string& where, std::int64_t bytes)
+    {
+        Project one = project(where);
+        one.b = bytes;
+        return one;
+    }
+    static InstallerItem image(const std::string& where, std::int64_t bytes)
+    {
+        InstallerItem one = installer(where);
+        one.b = bytes;
+        return one;
+    }
+
+    AppModel& ready()
+    {
+        store.values["zolva.seenAccessIntro"] = true;
+        return start();
+    }
+    void scanned(AppModel& m, std::vector<Category> found)
+    {
+        unawaited(m.scanClean(true));
+        held.clean.answer(held.clean.count() - 1, std::move(found));
+    }
+    void purged(AppModel& m, std::vector<Project> found)
+    {
+        unawaited(m.scanPurge(true));
+        held.purge.answer(held.purge.count() - 1, std::move(found));
+    }
+    void installed(AppModel& m, std::vector<InstallerItem> found)
+    {
+        m.scanInstallers();
+        installers.answer(installers.count() - 1, std::move(found));
+    }
+    void blind(AppModel& m, const std::vector<std::string>& labels)
+    {
+        m.scanInstallers();
+        probes.answer(probes.count() - 1, blocked(labels));
+    }
+    void trashed(AppModel& m, int count, std::int64_t bytes)
+    {
+        for (int item = 0; item < count; ++item) {
+            disk->putInTrash("item" + std::to_string(item), 0);
+        }
+        disk->setMeasure([bytes](const std::atomic<bool>&) { return bytes; });
+        m.removal().trash().refreshTrashMeter();
+        pumpUntil([&m] { return !m.removal().trash().isMeasuring(); });
+    }
+    static void exclude(AppModel& m, const std::string& where)
+    {
+        m.exclusions().setWlDraft(where);
+        m.exclusions().addExclusion();
+    }
+
+    static QVariant at(const QAbstractItemModel& rows, int row, int role)
+    {
+        return rows.data(rows.index(row, 0), role);
+    }
+    static std::string textAt(const QAbstractItemModel& rows, int row, int role)
+    {
+        return at(rows, row, role).toString().toStdString();
+    }
+    static bool flagAt(const QAbstractItemModel& rows, int row, int role)
+    {
+        return at(rows, row, role).toBool();
+    }
+    static std::vector<std::string> column(const QAbstractItemModel& rows, int role)
+    {
+        std::vector<std::string> all;
+        for (int row = 0; row < rows.rowCount(); ++row) {
+            all.push_back(textAt(rows, row, role));
+        }
+        return all;
+    }
+};
+
+} // namespace zolva::test

@@ -1,0 +1,248 @@
+import QtQuick
+import QtTest
+import Zolva.Frame
+import Zolva.Kit
+
+TestCase {
+    id: test
+
+    function page(properties) {
+        return createTemporaryObject(pages, test, properties);
+    }
+    function scrollTo(made, offset) {
+        made.listView.contentY = made.listView.originY + offset;
+    }
+    function headerOf(made) {
+        return findByTitle(made, "PageHeader");
+    }
+    function barOf(made) {
+        return findByTitle(made, "CompactBar");
+    }
+    function findByTitle(item, type) {
+        if (item.toString().startsWith(type))
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = findByTitle(item.children[i], type);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function test_aPageWithoutASubtitleCollapsesOverFortyPoints() {
+        const made = page({});
+        scrollTo(made, 20);
+        compare(made.progress, 0.5);
+        scrollTo(made, 40);
+        compare(made.progress, 1);
+    }
+    function test_aPageWithASubtitleCollapsesOverFiftyEightPoints() {
+        const made = page({
+            "subtitle": "Rebuilt when needed"
+        });
+        scrollTo(made, 29);
+        compare(made.progress, 0.5);
+        scrollTo(made, 40);
+        verify(made.progress < 1);
+        scrollTo(made, 58);
+        compare(made.progress, 1);
+    }
+    function test_theProgressStaysBetweenNothingAndAll() {
+        const made = page({});
+        scrollTo(made, -30);
+        compare(made.progress, 0);
+        scrollTo(made, 900);
+        compare(made.progress, 1);
+    }
+    function test_anUnscrolledPageShowsItsHeadAndNoBar() {
+        const made = page({});
+        compare(made.offset, 0);
+        compare(headerOf(made).opacity, 1);
+        compare(barOf(made).progress, 0);
+    }
+    function test_theHeadFadesAsTheBarComes() {
+        const made = page({});
+        scrollTo(made, 10);
+        compare(headerOf(made).opacity, 0.75);
+        compare(barOf(made).progress, 0.25);
+    }
+    function test_theCompactBarIsFiftyTwoHighAndStaysAtTheTop() {
+        const made = page({});
+        scrollTo(made, 500);
+        compare(barOf(made).height, 52);
+        compare(barOf(made).mapToItem(made, 0, 0).y, 0);
+    }
+    function test_theTopIsKeptWhileWhatIsAboveTheRowsGrows() {
+        const made = page({
+            "header": growing
+        });
+        compare(made.offset, 0);
+        const grown = findChild(made, "growing");
+        grown.implicitHeight = 300;
+        waitForRendering(made);
+        compare(made.offset, 0);
+        grown.implicitHeight = 20;
+        waitForRendering(made);
+        compare(made.offset, 0);
+    }
+    function test_ofTenThousandRowsOnlyThoseInSightAreMade() {
+        const made = page({
+            "model": 10000
+        });
+        waitForRendering(made);
+        verify(made.listView.contentItem.children.length < 60);
+    }
+    function test_theRescanButtonOfTheHeadRescans() {
+        const made = page({
+            "canRescan": true
+        });
+        const spy = createTemporaryObject(spies, test, {
+            "target": made,
+            "signalName": "rescan"
+        });
+        const button = findByTitle(headerOf(made), "RescanButton");
+        mouseClick(button);
+        compare(spy.count, 1);
+    }
+    function test_theRescanButtonOfTheBarRescansOnceTheHeadIsGone() {
+        const made = page({
+            "canRescan": true
+        });
+        const spy = createTemporaryObject(spies, test, {
+            "target": made,
+            "signalName": "rescan"
+        });
+        scrollTo(made, 200);
+        mouseClick(findByTitle(barOf(made), "RescanButton"));
+        compare(spy.count, 1);
+    }
+    function test_aPageThatCannotRescanShowsNoButton() {
+        const made = page({});
+        compare(findByTitle(headerOf(made), "RescanButton").visible, false);
+    }
+    function test_aRowUnderTheBarIsNotPressedThroughIt() {
+        const made = page({});
+        waitForRendering(made);
+        scrollTo(made, 400);
+        test.pressed = -1;
+        mouseClick(made, 300, 30);
+        compare(test.pressed, -1);
+        mouseClick(made, 300, 100);
+        verify(test.pressed >= 0);
+    }
+    function test_aDimmedPageShowsNoRowThroughItsBar() {
+        const made = page({
+            "delegate": reds,
+            "opacity": 0.5
+        });
+        waitForRendering(made);
+        scrollTo(made, 300);
+        waitForRendering(made);
+        const image = grabImage(made);
+        for (let y = 0; y < 52; ++y)
+            fuzzyCompare(image.green(350, y), image.red(350, y), 8);
+        verify(image.red(350, 80) > image.green(350, 80) + 40);
+    }
+    function test_theArrowsMoveTheFocusFromRowToRowAndThePageFollows() {
+        const made = page({});
+        waitForRendering(made);
+        made.listView.itemAtIndex(0).forceActiveFocus(Qt.TabFocusReason);
+        for (let i = 0; i < 20; ++i)
+            keyClick(Qt.Key_Down);
+        const row = made.listView.itemAtIndex(20);
+        verify(row.activeFocus);
+        const y = row.mapToItem(made, 0, 0).y;
+        verify(y >= 52 && y + row.height <= made.height);
+        for (let k = 0; k < 18; ++k)
+            keyClick(Qt.Key_Up);
+        const back = made.listView.itemAtIndex(2);
+        verify(back.activeFocus);
+        verify(back.mapToItem(made, 0, 0).y >= 52);
+    }
+    function test_thePageKeysTurnThePageAndStopAtItsEnds() {
+        const made = page({});
+        waitForRendering(made);
+        keyClick(Qt.Key_PageDown);
+        verify(made.offset > 200);
+        keyClick(Qt.Key_PageUp);
+        keyClick(Qt.Key_PageUp);
+        compare(made.offset, 0);
+        for (let i = 0; i < 20; ++i)
+            keyClick(Qt.Key_PageDown);
+        verify(made.listView.atYEnd);
+    }
+    function test_controlAndRRescansOnlyAPageThatCan() {
+        const still = page({});
+        const none = createTemporaryObject(spies, test, {
+            "target": still,
+            "signalName": "rescan"
+        });
+        keyClick(Qt.Key_R, Qt.ControlModifier);
+        compare(none.count, 0);
+        still.destroy();
+        wait(0);
+        const made = page({
+            "canRescan": true
+        });
+        const spy = createTemporaryObject(spies, test, {
+            "target": made,
+            "signalName": "rescan"
+        });
+        keyClick(Qt.Key_R, Qt.ControlModifier);
+        compare(spy.count, 1);
+    }
+
+    property int pressed: -1
+
+    height: 500
+    name: "CollapsingPage"
+    visible: true
+    when: windowShown
+    width: 700
+
+    Component {
+        id: pages
+
+        CollapsingPage {
+            id: made
+
+            height: 500
+            model: 40
+            title: "Clean"
+            width: 700
+
+            delegate: PointerButton {
+                required property int index
+
+                height: 46
+                width: 700
+                onClicked: test.pressed = index
+            }
+        }
+    }
+
+    Component {
+        id: reds
+
+        Rectangle {
+            color: "red"
+            height: 46
+            width: 700
+        }
+    }
+
+    Component {
+        id: growing
+
+        Item {
+            implicitHeight: 100
+            objectName: "growing"
+        }
+    }
+
+    Component {
+        id: spies
+
+        SignalSpy {
+        }
+    }
+}

@@ -1,0 +1,190 @@
+import QtQuick
+import QtTest
+import Zolva.Frame
+import Zolva.Kit
+
+TestCase {
+    id: test
+
+    function find(item, type) {
+        if (item.toString().startsWith(type))
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = find(item.children[i], type);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function textOf(item, text) {
+        if (item.text === text && item.visible)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = textOf(item.children[i], text);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function spyOn(target, signalName) {
+        return createTemporaryObject(spies, test, {
+            "target": target,
+            "signalName": signalName
+        });
+    }
+    function test_theTitleIsTwentyEightBoldAndTheSubtitleThirteenAndAHalf() {
+        const made = createTemporaryObject(headers, test);
+        const title = textOf(made, "Clean");
+        compare(title.size, 28);
+        compare(title.weight, Font.Bold);
+        compare(title.tracking, -0.6);
+        const subtitle = textOf(made, "Rebuilt when needed");
+        compare(subtitle.size, 13.5);
+        compare(subtitle.color.toString(), Theme.palette.label2.toString());
+    }
+    function test_aHeadWithoutASubtitleKeepsNoRoomForIt() {
+        const made = createTemporaryObject(headers, test);
+        const tall = made.implicitHeight;
+        made.subtitle = "";
+        tryVerify(() => made.implicitHeight < tall - 10);
+    }
+    function test_theRescanButtonSaysWhatItDoes() {
+        const made = createTemporaryObject(rescans, test);
+        compare(made.width, 26);
+        compare(made.height, 26);
+        compare(made.Accessible.name, "Rescan");
+        compare(made.Accessible.description, "Runs the scan again and refreshes the list");
+    }
+    function test_aWelcomeThatDoesNotScanOffersToScan() {
+        const made = createTemporaryObject(welcomes, test);
+        const spy = spyOn(made, "scan");
+        const button = find(made, "PillButton");
+        verify(button.visible);
+        compare(button.title, "Scan");
+        compare(button.role, PillButton.Accent);
+        compare(button.radius, 10);
+        compare(button.font.weight, Font.DemiBold);
+        mouseClick(button);
+        compare(spy.count, 1);
+        compare(textOf(made, "Scanning…"), null);
+    }
+    function test_aWelcomeThatScansSaysSoAndOffersNothing() {
+        const made = createTemporaryObject(welcomes, test, {
+            "scanning": true
+        });
+        compare(find(made, "PillButton").visible, false);
+        compare(textOf(made, "Scanning…").size, 13.5);
+        verify(find(made, "Spinner").visible);
+    }
+    function test_theMessageOfAWelcomeIsAtMostFourHundredWide() {
+        const made = createTemporaryObject(welcomes, test);
+        waitForRendering(made);
+        verify(textOf(made, made.message).width <= 400);
+    }
+    function test_theHeaderMenuIsThirtyHighAndTellsWhichEntryWasChosen() {
+        const made = createTemporaryObject(menus, test);
+        compare(made.height, 30);
+        compare(made.symbol, "arrow.up.arrow.down");
+        compare(made.Accessible.name, "Size");
+        const spy = spyOn(made, "chosen");
+        made.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        tryVerify(() => made.menu.opened);
+        compare(made.menu.count, 2);
+        verify(made.menu.itemAt(0).current);
+        compare(made.menu.itemAt(1).current, false);
+        keyClick(Qt.Key_Down);
+        tryVerify(() => made.menu.currentIndex >= 0);
+        while (made.menu.currentIndex < 1)
+            keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Return);
+        compare(spy.count, 1);
+        compare(spy.signalArguments[0][0], 1);
+        tryVerify(() => !made.menu.opened);
+        tryVerify(() => made.activeFocus);
+    }
+    function test_escClosesTheHeaderMenuAndChoosesNothing() {
+        const made = createTemporaryObject(menus, test);
+        const spy = spyOn(made, "chosen");
+        mouseClick(made);
+        tryVerify(() => made.menu.opened);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !made.menu.visible);
+        compare(spy.count, 0);
+    }
+    function test_theActionBarIsAsHighAsItsContentAndItsPadding() {
+        const made = createTemporaryObject(bars, test);
+        compare(made.implicitHeight, 1 + 16 + 38 + 22);
+        const content = findChild(made, "content");
+        compare(content.mapToItem(made, 0, 0).x, 40);
+        compare(content.mapToItem(made, 0, 0).y, 17);
+        compare(content.width, 620);
+    }
+
+    height: 500
+    name: "PageParts"
+    visible: true
+    when: windowShown
+    width: 700
+
+    Component {
+        id: headers
+
+        PageHeader {
+            subtitle: "Rebuilt when needed"
+            title: "Clean"
+            width: 700
+        }
+    }
+
+    Component {
+        id: rescans
+
+        RescanButton {
+        }
+    }
+
+    Component {
+        id: welcomes
+
+        ScanWelcome {
+            height: 500
+            icon: "wand.and.sparkles"
+            message: "Zolva looks through your caches, logs and build artifacts, the things that the system rebuilds on its own."
+            title: "Scan for cleanable files"
+            width: 700
+        }
+    }
+
+    Component {
+        id: menus
+
+        HeaderMenu {
+            current: 0
+            entries: ["Size", "Name"]
+            label: "Size"
+            x: 300
+        }
+    }
+
+    Component {
+        id: bars
+
+        ActionBar {
+            width: 700
+
+            Item {
+                height: 38
+                objectName: "content"
+                width: parent.width
+            }
+        }
+    }
+
+    Component {
+        id: spies
+
+        SignalSpy {
+        }
+    }
+}

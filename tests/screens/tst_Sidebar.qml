@@ -1,0 +1,219 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtTest
+import Zolva.Frame
+import Zolva.Kit
+import Zolva.Test
+
+TestCase {
+    id: test
+
+    property Fixture fixture
+    property Sidebar sidebar
+
+    function init() {
+        fixture = createTemporaryObject(fixtures, test);
+        sidebar = createTemporaryObject(sidebars, test, {
+            "model": fixture.model
+        });
+        waitForRendering(sidebar);
+    }
+    function cleanup() {
+        sidebar.destroy();
+        wait(0);
+    }
+    function entry(place: int): SidebarEntry {
+        return sidebar.listView.itemAtIndex(place) as SidebarEntry;
+    }
+    function textOf(item, text) {
+        if (item.text === text && item.visible)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = textOf(item.children[i], text);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function spoken(item, name) {
+        if (item.spokenName === name && item.visible)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = spoken(item.children[i], name);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function activeRows() {
+        let active = [];
+        for (let i = 0; i < 8; ++i) {
+            if (entry(i).row.active)
+                active.push(entry(i).itemId);
+        }
+        return active;
+    }
+    function test_theRowsStandInTheirOrderWithTheirWords() {
+        const ids = ["home", "clean", "purge", "installer", "uninstall", "analyze", "status", "settings"];
+        const labels = ["Home", "Clean", "Purge", "Installers", "Uninstall", "Analyze", "Status", "Settings"];
+        compare(sidebar.listView.count, 8);
+        for (let i = 0; i < 8; ++i) {
+            compare(entry(i).itemId, ids[i]);
+            compare(entry(i).row.spokenName, labels[i]);
+            verify(textOf(entry(i).row, labels[i]));
+        }
+    }
+    function test_theHeadsStandInUpperCaseAboveTheFirstOfEachGroup() {
+        const heads = ["RECLAIM", "", "", "", "INSPECT", "", "SYSTEM", ""];
+        for (let i = 0; i < 8; ++i) {
+            compare(entry(i).head, heads[i]);
+            if (heads[i] !== "") {
+                const head = textOf(entry(i), heads[i]);
+                compare(head.size, 11.5);
+                compare(head.weight, Font.DemiBold);
+                compare(head.tracking, 0.6);
+            } else {
+                compare(entry(i).height, 46);
+            }
+        }
+    }
+    function test_itIsTwoHundredAndSixtyFourWideAndKeepsAStripOfFiftyFourClear() {
+        compare(sidebar.implicitWidth, 264);
+        compare(sidebar.listView.y, 54);
+        compare(entry(0).row.height, 46);
+    }
+    function test_onlyTheRowOfTheScreenIsActive() {
+        compare(activeRows(), ["home"]);
+        fixture.model.go("analyze");
+        compare(activeRows(), ["analyze"]);
+        compare(textOf(entry(5).row, "Analyze").weight, Font.DemiBold);
+        compare(textOf(entry(0).row, "Home").weight, Font.Normal);
+    }
+    function test_anUnknownScreenLeavesNoRowActive() {
+        fixture.model.go("elsewhere");
+        compare(activeRows(), []);
+    }
+    function test_aClickOnARowGoesThere() {
+        mouseClick(entry(2).row);
+        compare(fixture.model.screen, "purge");
+    }
+    function test_theArrowsMoveTheFocusAndReturnGoesThere() {
+        entry(0).row.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        verify(entry(2).row.visualFocus);
+        compare(fixture.model.screen, "home");
+        keyClick(Qt.Key_Up);
+        verify(entry(1).row.visualFocus);
+        keyClick(Qt.Key_Return);
+        compare(fixture.model.screen, "clean");
+    }
+    function test_theArrowsStopAtTheFirstAndTheLastRow() {
+        entry(0).row.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Up);
+        verify(entry(0).row.activeFocus);
+        for (let i = 0; i < 12; ++i)
+            keyClick(Qt.Key_Down);
+        verify(entry(7).row.activeFocus);
+    }
+    function test_theTabKeyComesToTheRowOfTheScreenOnly() {
+        fixture.setTrash(3, 1000);
+        fixture.model.go("status");
+        entry(6).row.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        const button = spoken(sidebar, "Empty Trash");
+        verify(button.activeFocus);
+        keyClick(Qt.Key_Backtab);
+        verify(entry(6).row.activeFocus);
+    }
+    function test_noChipIsShownBeforeAnythingWasScanned() {
+        for (let i = 0; i < 8; ++i)
+            compare(entry(i).row.chip, "");
+        compare(textOf(sidebar, "95.59 GB"), null);
+    }
+    function test_aCleanChipOfZeroBytesIsShownAsTheSizeTextOfZero() {
+        fixture.setCategories([]);
+        fixture.beginCleanScan();
+        fixture.finishCleanScan();
+        compare(entry(1).row.chip, "0 bytes");
+        verify(textOf(entry(1).row, "0 bytes"));
+        compare(entry(1).row.spokenValue, "0 bytes");
+    }
+    function test_anInstallerChipOfZeroBytesIsHidden() {
+        fixture.setInstallers([
+                {
+                    "name": "empty.dmg",
+                    "src": "Downloads",
+                    "p": "~/Downloads/empty.dmg",
+                    "b": 0,
+                    "age": 3
+                }
+            ]);
+        fixture.beginInstallerScan();
+        fixture.finishInstallerScan();
+        compare(entry(3).row.chip, "");
+        fixture.installers(2);
+        fixture.beginInstallerScan();
+        fixture.finishInstallerScan();
+        verify(entry(3).row.chip !== "");
+        verify(textOf(entry(3).row, entry(3).row.chip));
+    }
+    function test_withoutAnythingInTheTrashThereIsNoRowToEmptyItWhateverItsBytes() {
+        fixture.setTrash(0, 5e9);
+        compare(spoken(sidebar, "Empty Trash"), null);
+    }
+    function test_theTrashIsOfferedWithItsSizeAndAsksFirst() {
+        fixture.setTrash(1, 5e9);
+        const button = spoken(sidebar, "Empty Trash");
+        tryCompare(button, "height", 34);
+        compare(button.spokenValue, "5.00 GB");
+        verify(textOf(button, "5.00 GB"));
+        mouseClick(button);
+        compare(fixture.model.confirm.isOpen, true);
+        compare(fixture.model.confirm.title, "Empty the Trash?");
+    }
+    function test_aClickAfterTheTrashWasEmptiedAsksNothing() {
+        fixture.setTrash(1, 5e9);
+        const button = spoken(sidebar, "Empty Trash");
+        fixture.setTrash(0, 0);
+        button.clicked();
+        compare(fixture.model.confirm.isOpen, false);
+    }
+    function test_theFooterTellsTheVersionsOnTwoLines() {
+        const said = fixture.model.sidebar.versionLine + "\n" + fixture.model.sidebar.toolLine;
+        verify(fixture.model.sidebar.versionLine.startsWith("Zolva "));
+        verify(fixture.model.sidebar.toolLine.startsWith("mo "));
+        const label = textOf(sidebar, said);
+        verify(label);
+        compare(label.lineCount, 2);
+        compare(label.size, 12);
+        compare(label.truncated, false);
+    }
+    function test_allRowsFitTheSmallestWindow() {
+        fixture.setTrash(1, 5e9);
+        waitForRendering(sidebar);
+        verify(sidebar.listView.contentHeight <= sidebar.listView.height);
+    }
+
+    height: 660
+    name: "Sidebar"
+    visible: true
+    when: windowShown
+    width: 400
+
+    Component {
+        id: fixtures
+
+        Fixture {
+        }
+    }
+
+    Component {
+        id: sidebars
+
+        Sidebar {
+            height: 660
+            width: 264
+        }
+    }
+}

@@ -1,0 +1,264 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtTest
+import Zolva.Frame
+import Zolva.Kit
+import Zolva.Test
+
+TestCase {
+    id: test
+
+    property Fixture fixture
+    property ToastStack stack
+
+    function init() {
+        Motion.reduced = false;
+        fixture = createTemporaryObject(fixtures, test);
+        stack = createTemporaryObject(stacks, test, {
+            "model": fixture.model
+        });
+        waitForRendering(stack);
+    }
+    function cleanup() {
+        Motion.reduced = false;
+        stack.destroy();
+        wait(0);
+    }
+    /// The toasts that are drawn, from above to below.
+    function views(item) {
+        let found = [];
+        for (let i = 0; i < item.children.length; ++i) {
+            const child = item.children[i];
+            if (child instanceof ToastView)
+                found.push(child);
+            else
+                found = found.concat(views(child));
+        }
+        return found.sort((a, b) => upperEdge(a) - upperEdge(b));
+    }
+    function upperEdge(view) {
+        return view.mapToItem(stack, 0, 0).y;
+    }
+    function trailingEdge(view) {
+        return view.mapToItem(stack, view.width, 0).x;
+    }
+    function spoken(item, name) {
+        if (item.spokenName === name && item.visible)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = spoken(item.children[i], name);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function symbolOf(view) {
+        let found = null;
+        const look = item => {
+            for (let i = 0; i < item.children.length && !found; ++i) {
+                if (item.children[i] instanceof Symbol)
+                    found = item.children[i];
+                else
+                    look(item.children[i]);
+            }
+        };
+        look(view);
+        return found;
+    }
+    function shown(count) {
+        tryVerify(() => views(stack).length === count);
+        return views(stack);
+    }
+    function settle() {
+        shown(stack.count);
+        for (const view of views(stack))
+            tryVerify(() => Math.abs(trailingEdge(view) - (stack.width - 20)) < 0.6 && view.opacity > 0.99);
+        const last = views(stack).pop();
+        tryVerify(() => Math.abs(upperEdge(last) + last.height - (stack.height - 20)) < 1);
+    }
+    function test_theyStandOneUnderTheOtherInTheCornerOldestFirst() {
+        fixture.addToast("info", "First");
+        fixture.addToast("success", "Second");
+        fixture.addToast("warning", "Third");
+        compare(stack.count, 3);
+        settle();
+        compare(views(stack).map(view => view.text), ["First", "Second", "Third"]);
+        const all = views(stack);
+        compare(upperEdge(all[1]), upperEdge(all[0]) + all[0].height + 10);
+    }
+    function test_eachKindHasItsSymbolAndItsTint_data() {
+        return [
+            {
+                "tag": "info",
+                "symbol": "info.circle.fill",
+                "tint": "accent"
+            },
+            {
+                "tag": "warning",
+                "symbol": "exclamationmark.triangle.fill",
+                "tint": "amber"
+            },
+            {
+                "tag": "success",
+                "symbol": "checkmark.circle.fill",
+                "tint": "green"
+            }
+        ];
+    }
+    function test_eachKindHasItsSymbolAndItsTint(data) {
+        fixture.addToast(data.tag, "Something");
+        const symbol = symbolOf(shown(1)[0]);
+        compare(symbol.name, data.symbol);
+        compare(symbol.size, 14);
+        compare(symbol.color.toString(), Theme.palette[data.tint].toString());
+    }
+    function test_aShortToastIsThreeHundredAndFortyWideALongOneFourHundredAndSixty() {
+        fixture.addToast("info", "Short");
+        fixture.addToast("info", "long ".repeat(60));
+        waitForRendering(stack);
+        const all = shown(2);
+        compare(all[0].width, 340);
+        compare(all[1].width, 460);
+        verify(all[1].height > all[0].height);
+    }
+    function test_aToastComesFromTheTrailingEdgeAndStaysReadableWhenItHasCome() {
+        fixture.addToast("info", "Here");
+        const view = shown(1)[0];
+        verify(trailingEdge(view) > stack.width);
+        verify(view.opacity < 0.2);
+        settle();
+    }
+    function test_aToastThatGoesLeavesTowardsTheTrailingEdge() {
+        const id = fixture.addToast("info", "Going");
+        settle();
+        const view = views(stack)[0];
+        fixture.model.dismissToast(id);
+        compare(stack.count, 0);
+        tryVerify(() => views(stack).length === 1 && trailingEdge(view) > stack.width - 10);
+        tryVerify(() => views(stack).length === 0);
+    }
+    function test_aToastDismissedWhileItComesInTurnsBack() {
+        const id = fixture.addToast("info", "Hasty");
+        fixture.model.dismissToast(id);
+        tryVerify(() => views(stack).length === 0);
+    }
+    function test_thoseThatStayCloseTheGap() {
+        const first = fixture.addToast("info", "First");
+        fixture.addToast("info", "Second");
+        const third = fixture.addToast("info", "Third");
+        settle();
+        fixture.model.dismissToast(third);
+        tryVerify(() => views(stack).length === 2);
+        settle();
+        fixture.model.dismissToast(first);
+        tryVerify(() => views(stack).length === 1);
+        settle();
+        compare(views(stack)[0].text, "Second");
+    }
+    function test_whereLessMotionIsAskedForTheyAreThereAndGoneAtOnce() {
+        Motion.reduced = true;
+        const id = fixture.addToast("info", "Quiet");
+        const view = shown(1)[0];
+        compare(view.opacity, 1);
+        compare(trailingEdge(view), stack.width - 20);
+        fixture.model.dismissToast(id);
+        tryVerify(() => views(stack).length === 0, 200);
+    }
+    function test_theCrossTakesThatToastAway() {
+        fixture.addToast("info", "Stays");
+        fixture.addToast("info", "Goes");
+        settle();
+        const cross = spoken(views(stack)[1], "Dismiss notification");
+        compare(cross.width, 20);
+        compare(cross.height, 20);
+        mouseClick(cross);
+        compare(stack.count, 1);
+        tryVerify(() => views(stack).length === 1);
+        compare(views(stack)[0].text, "Stays");
+    }
+    function test_theActionIsAButtonThatRunsItAndTheToastStays() {
+        fixture.addToast("success", "Moved 3 MB to the Trash", "Undo");
+        settle();
+        mouseClick(spoken(views(stack)[0], "Undo"));
+        verify(fixture.calls.includes("toast: Undo"));
+        compare(stack.count, 1);
+    }
+    function test_aToastWithoutAnActionHasNoButtonForOne() {
+        fixture.addToast("info", "Just so");
+        compare(spoken(shown(1)[0], ""), null);
+    }
+    function test_theTabKeyReachesActionAndCrossAndEscTakesTheToastAway() {
+        fixture.addToast("success", "Moved 3 MB to the Trash", "Undo");
+        settle();
+        const view = views(stack)[0];
+        const action = spoken(view, "Undo");
+        action.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(spoken(view, "Dismiss notification").activeFocus);
+        keyClick(Qt.Key_Escape);
+        compare(stack.count, 0);
+    }
+    function test_aToastIsAnAlertThatSaysItsText() {
+        fixture.addToast("info", "The Trash is already empty.");
+        const view = shown(1)[0];
+        compare(view.Accessible.role, Accessible.AlertMessage);
+        compare(view.Accessible.name, "The Trash is already empty.");
+    }
+    function test_aToastGoesByItselfAfterItsTime() {
+        fixture.addToast("info", "Ten seconds");
+        fixture.advance(9900);
+        compare(stack.count, 1);
+        fixture.advance(200);
+        tryCompare(stack, "count", 0);
+    }
+    function test_moreToastsThanFitLeaveTheNewestInSight() {
+        for (let i = 0; i < 40; ++i)
+            fixture.addToast("info", "Toast " + i);
+        compare(stack.count, 40);
+        tryVerify(() => views(stack).length === 40);
+        settle();
+        compare(views(stack).pop().text, "Toast 39");
+    }
+    function test_thePageBesideTheToastsCanStillBePressed() {
+        fixture.addToast("info", "In the corner");
+        settle();
+        under.presses = 0;
+        mouseClick(stack, 40, 40);
+        compare(under.presses, 1);
+        mouseClick(stack, stack.width - 480, stack.height - 40);
+        compare(under.presses, 2);
+        mouseClick(stack, stack.width - 200, stack.height - 22);
+        compare(under.presses, 2);
+    }
+
+    height: 600
+    name: "Toasts"
+    visible: true
+    when: windowShown
+    width: 900
+
+    MouseArea {
+        id: under
+
+        property int presses: 0
+
+        anchors.fill: parent
+        onClicked: ++presses
+    }
+
+    Component {
+        id: fixtures
+
+        Fixture {
+        }
+    }
+
+    Component {
+        id: stacks
+
+        ToastStack {
+            height: 600
+            width: 900
+        }
+    }
+}
