@@ -67,7 +67,7 @@ std::vector<CatPath> AppRemoval::selectedCleanPaths() const
 
 std::int64_t AppRemoval::selectedCleanBytes() const
 {
-    return bytesOf(selectedCleanPaths());
+    return zolva::selectedCleanBytes(categories(), m_model.lists.sel(), whitelist());
 }
 
 std::int64_t AppRemoval::selectedCategoryCount() const
@@ -87,13 +87,19 @@ std::vector<Project> AppRemoval::selectedProjects() const
 
 std::int64_t AppRemoval::selectedProjectBytes() const
 {
-    return bytesOf(selectedProjects());
+    return zolva::selectedProjectBytes(projects(), m_model.lists.projPicked(), whitelist());
 }
 
 std::vector<Project> AppRemoval::removableProjects() const
 {
     const auto* const scanned = m_model.live.purge().value();
     return scanned ? zolva::removableProjects(*scanned, whitelist()) : std::vector<Project>();
+}
+
+std::int64_t AppRemoval::removableProjectBytes() const
+{
+    const auto* const scanned = m_model.live.purge().value();
+    return scanned ? zolva::removableProjectBytes(*scanned, whitelist()) : 0;
 }
 
 std::vector<InstallerItem> AppRemoval::selectedInstallers() const

@@ -64,6 +64,7 @@ public:
     [[nodiscard]] std::int64_t selectedProjectBytes() const;
     /// Of the last scan.
     [[nodiscard]] std::vector<Project> removableProjects() const;
+    [[nodiscard]] std::int64_t removableProjectBytes() const;
     [[nodiscard]] std::vector<InstallerItem> selectedInstallers() const;
     [[nodiscard]] std::int64_t selectedInstallerBytes() const;
     /// The ticked applications of the list.

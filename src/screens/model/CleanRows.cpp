@@ -1,7 +1,6 @@
 #include "screens/model/CleanRows.h"
 
 #include "core/SortedRows.h"
-#include "files/ExclusionRules.h"
 #include "removal/runs/RunMessages.h"
 
 #include "screens/model/ShownText.h"
@@ -201,8 +200,9 @@ void CleanRows::takeSums()
 {
     m_sums.clear();
     m_sums.reserve(m_rows.size());
+    const ExclusionRules rules(m_model.exclusions().whitelist());
     for (const Category& row : m_rows) {
-        m_sums.push_back(sumsOf(row));
+        m_sums.push_back(sumsOf(row, rules));
     }
 }
 
@@ -228,16 +228,16 @@ bool CleanRows::isOpen(std::size_t row) const
     return !m_open.empty() && m_rows[row].id == m_open;
 }
 
-bool CleanRows::isRemovable(const CatPath& path) const
+bool CleanRows::isRemovable(const CatPath& path, const ExclusionRules& rules)
 {
-    return !path.prot && !isExcluded(path.p, m_model.exclusions().whitelist());
+    return !path.prot && !rules.covers(path.p);
 }
 
-CleanRows::Sums CleanRows::sumsOf(const Category& row) const
+CleanRows::Sums CleanRows::sumsOf(const Category& row, const ExclusionRules& rules)
 {
     Sums sums;
     for (const CatPath& path : row.paths) {
-        if (isRemovable(path)) {
+        if (isRemovable(path, rules)) {
             sums.removable += path.b;
             sums.isTickable = true;
         } else {
@@ -291,12 +291,13 @@ QString CleanRows::spokenValue(std::size_t row) const
 
 QList<PathLine> CleanRows::lines(const Category& row) const
 {
+    const ExclusionRules rules(m_model.exclusions().whitelist());
     QList<PathLine> lines;
     const std::size_t count = std::min(row.paths.size(), lineLimit);
     for (std::size_t place = 0; place < count; ++place) {
         const CatPath& path = row.paths[place];
         PathLine line{shortenedPath(path.p), shownText(path.p), {}, false};
-        if (!isRemovable(path)) {
+        if (!isRemovable(path, rules)) {
             line.trailing = QStringLiteral("Protected");
         } else if (path.sudo) {
             line.trailing = QStringLiteral("Needs password");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppModel.h"
+#include "files/ExclusionRules.h"
 
 #include <QAbstractListModel>
 #include <QList>
@@ -107,8 +108,8 @@ private:
     [[nodiscard]] std::vector<bool> ticksNow() const;
     void tell(std::size_t first, std::size_t last, const QList<int>& roles);
     [[nodiscard]] bool isOpen(std::size_t row) const;
-    [[nodiscard]] bool isRemovable(const CatPath& path) const;
-    [[nodiscard]] Sums sumsOf(const Category& row) const;
+    [[nodiscard]] static bool isRemovable(const CatPath& path, const ExclusionRules& rules);
+    [[nodiscard]] static Sums sumsOf(const Category& row, const ExclusionRules& rules);
     [[nodiscard]] Trailing trailingKind(std::size_t row) const;
     [[nodiscard]] QString trailing(std::size_t row) const;
     [[nodiscard]] QString detail(std::size_t row) const;
