@@ -14,7 +14,18 @@ AppRemoval::AppRemoval(Model model, AppDisk disk, std::string journalFolder,
       m_trash(model.clock, model.toasts, m_space, m_disk),
       m_analyzed(m_disk, model.toasts, m_trash, [this] { return newestWhitelist(); }),
       m_apps(model.live)
-{}
+{
+    followCleanable();
+}
+
+void AppRemoval::followCleanable()
+{
+    // Nobody can be told of a change before: whoever shows the model is made after it.
+    const auto forget = [this] { m_cleanableBytes.reset(); };
+    QObject::connect(&m_model.live, &LiveData::cleanChanged, &m_follower, forget);
+    QObject::connect(&m_model.settings.exclusions(), &Exclusions::whitelistChanged, &m_follower,
+                     forget);
+}
 
 RunTools AppRemoval::tools()
 {
@@ -161,7 +172,10 @@ std::int64_t AppRemoval::scannedReclaimBytes() const
 
 std::int64_t AppRemoval::cleanableBytes() const
 {
-    return zolva::cleanableBytes(reclaimSources());
+    if (!m_cleanableBytes) {
+        m_cleanableBytes = zolva::cleanableBytes(reclaimSources());
+    }
+    return *m_cleanableBytes;
 }
 
 } // namespace zolva

@@ -34,6 +34,12 @@ bool reaches(const std::string& covered, std::string_view path)
     return ends && path.starts_with(covered);
 }
 
+bool anyReaches(const std::vector<std::string>& covered, std::string_view path)
+{
+    return std::ranges::any_of(covered,
+                               [path](const std::string& one) { return reaches(one, path); });
+}
+
 } // namespace
 
 ExclusionRules::ExclusionRules(const std::vector<std::string>& list)
@@ -48,14 +54,9 @@ ExclusionRules::ExclusionRules(const std::vector<std::string>& list)
 
 bool ExclusionRules::covers(std::string_view path) const
 {
-    if (m_covered.empty()) {
-        return false;
-    }
-    // Most paths are as they are meant, and need no copy.
-    const std::string expanded = path.starts_with('~') ? expandTilde(path) : std::string();
-    const std::string_view meant = expanded.empty() ? path : std::string_view(expanded);
-    return std::ranges::any_of(m_covered,
-                               [&](const std::string& covered) { return reaches(covered, meant); });
+    // Most paths need no expanding, and so no copy.
+    return path.starts_with('~') ? anyReaches(m_covered, expandTilde(path))
+                                 : anyReaches(m_covered, path);
 }
 
 bool isExcluded(std::string_view path, const std::vector<std::string>& list)

@@ -183,6 +183,11 @@ QString cleanNote(const std::vector<Category>& categories, const Whitelist& whit
         skipped += std::count_if(category.paths.begin(), category.paths.end(),
                                  [&rules](const CatPath& path) { return !mayGo(path, rules); });
     }
+    return cleanNote(skipped, keepInTrash);
+}
+
+QString cleanNote(std::int64_t skipped, bool keepInTrash)
+{
     if (skipped > 0) {
         return counted(skipped, "path") + " protected and skipped.";
     }

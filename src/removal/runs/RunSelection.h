@@ -63,6 +63,8 @@ selectedInstallers(const std::vector<InstallerItem>& installers,
 /// The line under the list of categories.
 [[nodiscard]] QString cleanNote(const std::vector<Category>& categories, const Whitelist& whitelist,
                                 bool keepInTrash);
+/// The same where the protected and excluded paths are already counted.
+[[nodiscard]] QString cleanNote(std::int64_t skipped, bool keepInTrash);
 
 /// What the sheets would be about.
 struct SheetFigures

@@ -6,6 +6,7 @@
 #include "screens/model/ShownText.h"
 
 #include <algorithm>
+#include <numeric>
 #include <unordered_map>
 #include <utility>
 
@@ -53,6 +54,13 @@ std::int64_t CleanRows::tickedBytes() const
         bytes += m_ticks[row] ? m_sums[row].removable : 0;
     }
     return bytes;
+}
+
+std::int64_t CleanRows::protectedPaths() const
+{
+    return std::accumulate(
+        m_sums.begin(), m_sums.end(), std::int64_t{0},
+        [](std::int64_t count, const Sums& sums) { return count + sums.protectedPaths; });
 }
 
 bool CleanRows::isAllTicked() const
@@ -242,7 +250,7 @@ CleanRows::Sums CleanRows::sumsOf(const Category& row, const ExclusionRules& rul
             sums.isTickable = true;
         } else {
             sums.protectedBytes += path.b;
-            sums.hasProtected = true;
+            ++sums.protectedPaths;
         }
     }
     return sums;
@@ -274,9 +282,10 @@ QString CleanRows::detail(std::size_t row) const
 {
     const Sums& sums = m_sums[row];
     const QString removable = shownSize(sums.removable) + QStringLiteral(" removable");
-    return sums.hasProtected ? removable + QStringLiteral(", ") + shownSize(sums.protectedBytes) +
-                                   QStringLiteral(" protected")
-                             : removable;
+    return sums.protectedPaths > 0
+               ? removable + QStringLiteral(", ") + shownSize(sums.protectedBytes) +
+                     QStringLiteral(" protected")
+               : removable;
 }
 
 QString CleanRows::spokenValue(std::size_t row) const

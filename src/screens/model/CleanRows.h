@@ -78,6 +78,8 @@ public:
     [[nodiscard]] bool isTickable(const std::string& id) const;
     /// What the ticked rows would give back.
     [[nodiscard]] std::int64_t tickedBytes() const;
+    /// The paths of all rows that stay, being protected or excluded.
+    [[nodiscard]] std::int64_t protectedPaths() const;
     /// Also the rows of which nothing can go count here; no row is not all.
     [[nodiscard]] bool isAllTicked() const;
 
@@ -95,8 +97,8 @@ private:
     {
         std::int64_t removable = 0;
         std::int64_t protectedBytes = 0;
+        std::int64_t protectedPaths = 0;
         bool isTickable = false;
-        bool hasProtected = false;
     };
 
     void reload();
