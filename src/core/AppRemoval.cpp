@@ -14,7 +14,18 @@ AppRemoval::AppRemoval(Model model, AppDisk disk, std::string journalFolder,
       m_trash(model.clock, model.toasts, m_space, m_disk),
       m_analyzed(m_disk, model.toasts, m_trash, [this] { return newestWhitelist(); }),
       m_apps(model.live)
-{}
+{
+    followCleanable();
+}
+
+void AppRemoval::followCleanable()
+{
+    // Nobody can be told of a change before: whoever shows the model is made after it.
+    const auto forget = [this] { m_cleanableBytes.reset(); };
+    QObject::connect(&m_model.live, &LiveData::cleanChanged, &m_follower, forget);
+    QObject::connect(&m_model.settings.exclusions(), &Exclusions::whitelistChanged, &m_follower,
+                     forget);
+}
 
 RunTools AppRemoval::tools()
 {
@@ -67,7 +78,7 @@ std::vector<CatPath> AppRemoval::selectedCleanPaths() const
 
 std::int64_t AppRemoval::selectedCleanBytes() const
 {
-    return bytesOf(selectedCleanPaths());
+    return zolva::selectedCleanBytes(categories(), m_model.lists.sel(), whitelist());
 }
 
 std::int64_t AppRemoval::selectedCategoryCount() const
@@ -87,13 +98,19 @@ std::vector<Project> AppRemoval::selectedProjects() const
 
 std::int64_t AppRemoval::selectedProjectBytes() const
 {
-    return bytesOf(selectedProjects());
+    return zolva::selectedProjectBytes(projects(), m_model.lists.projPicked(), whitelist());
 }
 
 std::vector<Project> AppRemoval::removableProjects() const
 {
     const auto* const scanned = m_model.live.purge().value();
     return scanned ? zolva::removableProjects(*scanned, whitelist()) : std::vector<Project>();
+}
+
+std::int64_t AppRemoval::removableProjectBytes() const
+{
+    const auto* const scanned = m_model.live.purge().value();
+    return scanned ? zolva::removableProjectBytes(*scanned, whitelist()) : 0;
 }
 
 std::vector<InstallerItem> AppRemoval::selectedInstallers() const
@@ -155,7 +172,10 @@ std::int64_t AppRemoval::scannedReclaimBytes() const
 
 std::int64_t AppRemoval::cleanableBytes() const
 {
-    return zolva::cleanableBytes(reclaimSources());
+    if (!m_cleanableBytes) {
+        m_cleanableBytes = zolva::cleanableBytes(reclaimSources());
+    }
+    return *m_cleanableBytes;
 }
 
 } // namespace zolva

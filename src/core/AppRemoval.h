@@ -15,20 +15,22 @@
 #include "removal/runs/RunTools.h"
 #include "removal/runs/UninstallRun.h"
 
+#include <QObject>
 #include <QString>
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace zolva {
 
-/// What removals work with, and what of the lists they would take. Figures are added up at each
-/// read. All that it is made from outlives it, and it ends before the rest of the model. Main
-/// thread.
+/// What removals work with, and what of the lists they would take. Figures are those of the
+/// moment they are read. All that it is made from outlives it, and it ends before the rest of the
+/// model. Main thread.
 class AppRemoval final
 {
 public:
@@ -64,6 +66,7 @@ public:
     [[nodiscard]] std::int64_t selectedProjectBytes() const;
     /// Of the last scan.
     [[nodiscard]] std::vector<Project> removableProjects() const;
+    [[nodiscard]] std::int64_t removableProjectBytes() const;
     [[nodiscard]] std::vector<InstallerItem> selectedInstallers() const;
     [[nodiscard]] std::int64_t selectedInstallerBytes() const;
     /// The ticked applications of the list.
@@ -73,9 +76,11 @@ public:
     [[nodiscard]] std::array<ReclaimRow, 4> reclaimRows() const;
     [[nodiscard]] std::int64_t reclaimTotal() const;
     [[nodiscard]] std::int64_t scannedReclaimBytes() const;
+    /// Read by several screens at each change, so it is added up once for all of them.
     [[nodiscard]] std::int64_t cleanableBytes() const;
 
 private:
+    void followCleanable();
     [[nodiscard]] const std::vector<std::string>& whitelist() const;
     /// With what other processes have added.
     [[nodiscard]] const std::vector<std::string>& newestWhitelist() const;
@@ -84,6 +89,8 @@ private:
     [[nodiscard]] ReclaimSources reclaimSources() const;
 
     Model m_model;
+    QObject m_follower;                                   ///< of what the sum goes by
+    mutable std::optional<std::int64_t> m_cleanableBytes; ///< until one of it changes
     std::string m_journalFolder;
     std::function<void()> m_openTrash;
     std::shared_ptr<RemovalDisk> m_disk;

@@ -8,7 +8,21 @@
 /// The rule that the user makes: the list of what must never be touched. Text alone, any thread.
 namespace zolva {
 
-/// Whether any entry of the list covers the path.
+/// A list made ready to be asked for many paths: its entries are trimmed and expanded once, by the
+/// home folder of that moment. Not to be kept: the list may change, and with it the answers.
+class ExclusionRules
+{
+public:
+    explicit ExclusionRules(const std::vector<std::string>& list);
+
+    /// Whether any entry of the list covers the path.
+    [[nodiscard]] bool covers(std::string_view path) const;
+
+private:
+    std::vector<std::string> m_covered;
+};
+
+/// The same of one path.
 [[nodiscard]] bool isExcluded(std::string_view path, const std::vector<std::string>& list);
 
 /// Whether one entry covers the path (already expanded): the same path, or one below it.

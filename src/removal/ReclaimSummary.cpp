@@ -2,9 +2,6 @@
 
 #include "removal/runs/RunSelection.h"
 
-#include <algorithm>
-#include <numeric>
-
 namespace zolva {
 
 namespace {
@@ -15,21 +12,35 @@ std::vector<Project> removableOf(const ReclaimSources& sources)
                          : std::vector<Project>();
 }
 
+std::int64_t projectBytesOf(const ReclaimSources& sources)
+{
+    return sources.purge ? removableProjectBytes(*sources.purge, sources.whitelist) : 0;
+}
+
 std::int64_t trashBytesOf(const ReclaimSources& sources)
 {
     return sources.trashUnreadable ? 0 : sources.trashBytes;
 }
 
-/// All but those that have bytes of which none may go.
-std::int64_t categoriesWithWork(const ReclaimSources& sources)
+struct CleanFigures
 {
+    std::int64_t bytes = 0;
+    std::int64_t categoriesWithWork = 0; ///< all but those that have bytes of which none may go
+};
+
+CleanFigures cleanFigures(const ReclaimSources& sources)
+{
+    CleanFigures figures;
     if (!sources.clean) {
-        return 0;
+        return figures;
     }
-    return std::count_if(
-        sources.clean->begin(), sources.clean->end(), [&sources](const Category& category) {
-            return totalBytes(category) < 1 || removableBytes({category}, sources.whitelist) != 0;
-        });
+    const ExclusionRules rules(sources.whitelist);
+    for (const Category& category : *sources.clean) {
+        const std::int64_t bytes = removableBytes(category, rules);
+        figures.bytes += bytes;
+        figures.categoriesWithWork += bytes != 0 || totalBytes(category) < 1 ? 1 : 0;
+    }
+    return figures;
 }
 
 } // namespace
@@ -42,8 +53,9 @@ std::int64_t cleanableBytes(const ReclaimSources& sources)
 std::array<ReclaimRow, 4> reclaimRows(const ReclaimSources& sources)
 {
     const std::vector<Project> projects = removableOf(sources);
-    return {{{"clean", "Caches", "sparkles", cleanableBytes(sources), categoriesWithWork(sources),
-              "category", "clean"},
+    const CleanFigures clean = cleanFigures(sources);
+    return {{{"clean", "Caches", "sparkles", clean.bytes, clean.categoriesWithWork, "category",
+              "clean"},
              {"purge", "Build artifacts", "folder.badge.minus", bytesOf(projects),
               static_cast<std::int64_t>(projects.size()), "project", "purge"},
              {"installer", "Installers", "shippingbox.fill", bytesOf(sources.installers),
@@ -54,15 +66,14 @@ std::array<ReclaimRow, 4> reclaimRows(const ReclaimSources& sources)
 
 std::int64_t reclaimTotal(const ReclaimSources& sources)
 {
-    return cleanableBytes(sources) + bytesOf(removableOf(sources)) + bytesOf(sources.installers) +
+    return cleanableBytes(sources) + projectBytesOf(sources) + bytesOf(sources.installers) +
            trashBytesOf(sources);
 }
 
 std::int64_t scannedReclaimBytes(const std::vector<Category>* liveCats,
                                  const ReclaimSources& sources)
 {
-    return (liveCats ? removableBytes(*liveCats, sources.whitelist) : 0) +
-           bytesOf(removableOf(sources));
+    return (liveCats ? removableBytes(*liveCats, sources.whitelist) : 0) + projectBytesOf(sources);
 }
 
 } // namespace zolva

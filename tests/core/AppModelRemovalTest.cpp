@@ -399,6 +399,21 @@ TEST_F(ModelRemoval, TheSummaryAddsUpWhatIsHeldAndFollowsTheExclusions)
     EXPECT_EQ(m.removal().reclaimRows()[0].count, 1);
 }
 
+TEST_F(ModelRemoval, WhoeverIsToldOfAChangeReadsTheNewSum)
+{
+    AppModel& m = cleaned();
+    std::vector<std::int64_t> read{m.removal().cleanableBytes()};
+    QObject reader;
+    const auto readAnew = [&] { read.push_back(m.removal().cleanableBytes()); };
+    QObject::connect(&m.live(), &LiveData::cleanChanged, &reader, readAnew);
+    QObject::connect(&m.exclusions(), &Exclusions::whitelistChanged, &reader, readAnew);
+    m.exclusions().setWhitelist({"/c/b"});
+    m.exclusions().removeExclusion("/c/b");
+    m.rescanClean();
+    held.clean.answer(1, {cache("third", {path("/c/c", 50)})});
+    EXPECT_EQ(read, (std::vector<std::int64_t>{3000, 1000, 3000, 0, 50}));
+}
+
 TEST_F(ModelRemoval, AnAnalysedFileGoesToTheTrashUnlessItIsExcluded)
 {
     disk->put("~/x/big", 100);

@@ -52,16 +52,25 @@ TEST(ExclusionRulesOracle, AgreesOnEveryGeneratedPathAndList)
         const test::ScopedVariable variable("HOME", home);
         NastyPaths paths(++seed, home);
         std::vector<std::string> list;
+        std::string earlier;
         for (std::size_t i = 0; i < each; ++i) {
             const std::string path = paths.path();
             list.resize(paths.below(4));
             for (std::string& entry : list) {
                 entry = paths.entryFor(path);
             }
+            const ExclusionRules rules(list);
             const bool expected = naiveExcluded(path, list, home);
             ASSERT_EQ(isExcluded(path, list), expected)
                 << "of " << ::testing::PrintToString(path) << " by "
                 << ::testing::PrintToString(list) << " at home " << home;
+            ASSERT_EQ(rules.covers(path), expected)
+                << "of " << ::testing::PrintToString(path) << " by the prepared "
+                << ::testing::PrintToString(list) << " at home " << home;
+            ASSERT_EQ(rules.covers(earlier), naiveExcluded(earlier, list, home))
+                << "of " << ::testing::PrintToString(earlier) << " by the prepared "
+                << ::testing::PrintToString(list) << " at home " << home;
+            earlier = path;
             ++verdicts[expected ? 1 : 0];
         }
     }

@@ -94,6 +94,26 @@ TEST_F(ExclusionRules, AnyEntryOfTheListExcludes)
     EXPECT_FALSE(isExcluded("/c/x", {"/", "", "/a", "/b"}));
 }
 
+TEST_F(ExclusionRules, APreparedListAnswersForOnePathAfterAnother)
+{
+    const zolva::ExclusionRules rules({" ~/Keep/ ", "", "/", "/b"});
+    EXPECT_TRUE(rules.covers("/Users/me/Keep"));
+    EXPECT_TRUE(rules.covers("~/Keep/x"));
+    EXPECT_FALSE(rules.covers("~/Keep2"));
+    EXPECT_TRUE(rules.covers("/b/x"));
+    EXPECT_FALSE(rules.covers("/"));
+    EXPECT_FALSE(rules.covers(""));
+    EXPECT_FALSE(zolva::ExclusionRules(List()).covers("/b"));
+}
+
+TEST_F(ExclusionRules, APreparedListHasExpandedItsEntriesBeforeItIsAsked)
+{
+    const zolva::ExclusionRules rules({"~/Keep"});
+    const ScopedVariable home("HOME", "/Users/other");
+    EXPECT_TRUE(rules.covers("/Users/me/Keep/x"));
+    EXPECT_FALSE(rules.covers("/Users/other/Keep/x"));
+}
+
 TEST_F(ExclusionRules, AnEntryBelowAnotherIsAlreadyCovered)
 {
     EXPECT_EQ(validateExclusion("~/Projects", {}), valid);

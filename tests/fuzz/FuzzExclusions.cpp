@@ -49,6 +49,9 @@ void checkCover(const std::string& entry, const std::string& path)
     const std::string expanded = expandTilde(path);
     const bool covered = isExcluded(path, {entry});
     must(covered == (!expanded.empty() && exclusionCovers(entry, expanded)), "one entry, one test");
+    const ExclusionRules rules({"/no-such", entry});
+    must(covered == rules.covers(path), "a prepared list answers the same");
+    must(covered == rules.covers(expanded), "an expanded path is covered as it was entered");
     if (covered) {
         must(isExcluded(expanded + "/x", {entry}), "an excluded parent covers its child");
         must(isExcluded(path, {"/no-such", entry}) && isExcluded(path, {entry, "/no-such"}),

@@ -67,6 +67,7 @@ TEST(RunSelection, TakesThePathsOfTickedCategoriesInOrderWithoutProtectedAndExcl
     const auto selected = selectedCleanPaths(categories, picks, {"/h/a3"});
     EXPECT_THAT(pathsOf(selected), ElementsAre("/h/a1", "/h/c1"));
     EXPECT_EQ(bytesOf(selected), 60);
+    EXPECT_EQ(selectedCleanBytes(categories, picks, {"/h/a3"}), 60);
     EXPECT_EQ(selectedCategoryCount(picks), 3);
 }
 
@@ -100,6 +101,9 @@ TEST(RunSelection, TakesProjectsByTheirKeysAndWithoutTheExcluded)
     EXPECT_THAT(pathsOf(selectedProjects(projects, picks, {"/h/r/build"})), ElementsAre("/h/p"));
     EXPECT_THAT(pathsOf(removableProjects(projects, {"/h/p"})), ElementsAre("/h/q", "/h/r"));
     EXPECT_EQ(bytesOf(projects), 7);
+    EXPECT_EQ(selectedProjectBytes(projects, picks, {}), 5);
+    EXPECT_EQ(selectedProjectBytes(projects, picks, {"/h/r/build"}), 1);
+    EXPECT_EQ(removableProjectBytes(projects, {"/h/p"}), 6);
 }
 
 TEST(RunSelection, TakesInstallersByTheirPathsAndLeavesExclusionsToTheRun)

@@ -1,6 +1,5 @@
 #include "removal/runs/RunSelection.h"
 
-#include "files/ExclusionRules.h"
 #include "removal/runs/RunMessages.h"
 
 #include <algorithm>
@@ -18,9 +17,63 @@ std::int64_t sumOf(const std::vector<Row>& rows)
                            [](std::int64_t sum, const Row& row) { return sum + row.b; });
 }
 
-bool mayGo(const CatPath& path, const Whitelist& whitelist)
+bool mayGo(const CatPath& path, const ExclusionRules& rules)
 {
-    return !path.prot && !isExcluded(path.p, whitelist);
+    return !path.prot && !rules.covers(path.p);
+}
+
+template <typename Visit>
+void eachSelectedPath(const std::vector<Category>& categories, const CategoryPicks& picks,
+                      const Whitelist& whitelist, const Visit& visit)
+{
+    const ExclusionRules rules(whitelist);
+    for (const Category& category : categories) {
+        const auto pick = picks.find(category.id);
+        if (pick == picks.end() || !pick->second) {
+            continue;
+        }
+        for (const CatPath& path : category.paths) {
+            if (mayGo(path, rules)) {
+                visit(path);
+            }
+        }
+    }
+}
+
+/// Those whose keys `isWanted` takes.
+template <typename IsWanted, typename Visit>
+void eachRemovableProject(const std::vector<Project>& projects, const Whitelist& whitelist,
+                          const IsWanted& isWanted, const Visit& visit)
+{
+    const ExclusionRules rules(whitelist);
+    for (const Project& project : projects) {
+        const std::string key = projectKey(project);
+        if (isWanted(key) && !rules.covers(key)) {
+            visit(project);
+        }
+    }
+}
+
+bool isAny(const std::string&)
+{
+    return true;
+}
+
+auto isIn(const std::set<std::string>& picks)
+{
+    return [&picks](const std::string& key) { return picks.contains(key); };
+}
+
+template <typename Row>
+auto addingBytes(std::int64_t& bytes)
+{
+    return [&bytes](const Row& row) { bytes += row.b; };
+}
+
+template <typename Row>
+auto copyingTo(std::vector<Row>& rows)
+{
+    return [&rows](const Row& row) { rows.push_back(row); };
 }
 
 } // namespace
@@ -29,15 +82,16 @@ std::vector<CatPath> selectedCleanPaths(const std::vector<Category>& categories,
                                         const CategoryPicks& picks, const Whitelist& whitelist)
 {
     std::vector<CatPath> selected;
-    for (const Category& category : categories) {
-        const auto pick = picks.find(category.id);
-        if (pick == picks.end() || !pick->second) {
-            continue;
-        }
-        std::copy_if(category.paths.begin(), category.paths.end(), std::back_inserter(selected),
-                     [&](const CatPath& path) { return mayGo(path, whitelist); });
-    }
+    eachSelectedPath(categories, picks, whitelist, copyingTo(selected));
     return selected;
+}
+
+std::int64_t selectedCleanBytes(const std::vector<Category>& categories, const CategoryPicks& picks,
+                                const Whitelist& whitelist)
+{
+    std::int64_t bytes = 0;
+    eachSelectedPath(categories, picks, whitelist, addingBytes<CatPath>(bytes));
+    return bytes;
 }
 
 std::int64_t selectedCategoryCount(const CategoryPicks& picks)
@@ -49,22 +103,32 @@ std::vector<Project> selectedProjects(const std::vector<Project>& projects,
                                       const std::set<std::string>& picks,
                                       const Whitelist& whitelist)
 {
-    std::vector<Project> selected = removableProjects(projects, whitelist);
-    std::erase_if(selected, [&picks](const Project& project) {
-        return !picks.contains(projectKey(project));
-    });
+    std::vector<Project> selected;
+    eachRemovableProject(projects, whitelist, isIn(picks), copyingTo(selected));
     return selected;
+}
+
+std::int64_t selectedProjectBytes(const std::vector<Project>& projects,
+                                  const std::set<std::string>& picks, const Whitelist& whitelist)
+{
+    std::int64_t bytes = 0;
+    eachRemovableProject(projects, whitelist, isIn(picks), addingBytes<Project>(bytes));
+    return bytes;
 }
 
 std::vector<Project> removableProjects(const std::vector<Project>& projects,
                                        const Whitelist& whitelist)
 {
     std::vector<Project> removable;
-    std::copy_if(projects.begin(), projects.end(), std::back_inserter(removable),
-                 [&whitelist](const Project& project) {
-                     return !isExcluded(projectKey(project), whitelist);
-                 });
+    eachRemovableProject(projects, whitelist, isAny, copyingTo(removable));
     return removable;
+}
+
+std::int64_t removableProjectBytes(const std::vector<Project>& projects, const Whitelist& whitelist)
+{
+    std::int64_t bytes = 0;
+    eachRemovableProject(projects, whitelist, isAny, addingBytes<Project>(bytes));
+    return bytes;
 }
 
 std::vector<InstallerItem> selectedInstallers(const std::vector<InstallerItem>& installers,
@@ -93,11 +157,19 @@ std::int64_t bytesOf(const std::vector<InstallerItem>& installers)
 
 std::int64_t removableBytes(const std::vector<Category>& categories, const Whitelist& whitelist)
 {
+    const ExclusionRules rules(whitelist);
     std::int64_t bytes = 0;
     for (const Category& category : categories) {
-        for (const CatPath& path : category.paths) {
-            bytes += mayGo(path, whitelist) ? path.b : 0;
-        }
+        bytes += removableBytes(category, rules);
+    }
+    return bytes;
+}
+
+std::int64_t removableBytes(const Category& category, const ExclusionRules& rules)
+{
+    std::int64_t bytes = 0;
+    for (const CatPath& path : category.paths) {
+        bytes += mayGo(path, rules) ? path.b : 0;
     }
     return bytes;
 }
@@ -105,12 +177,17 @@ std::int64_t removableBytes(const std::vector<Category>& categories, const White
 QString cleanNote(const std::vector<Category>& categories, const Whitelist& whitelist,
                   bool keepInTrash)
 {
+    const ExclusionRules rules(whitelist);
     std::int64_t skipped = 0;
     for (const Category& category : categories) {
-        skipped +=
-            std::count_if(category.paths.begin(), category.paths.end(),
-                          [&whitelist](const CatPath& path) { return !mayGo(path, whitelist); });
+        skipped += std::count_if(category.paths.begin(), category.paths.end(),
+                                 [&rules](const CatPath& path) { return !mayGo(path, rules); });
     }
+    return cleanNote(skipped, keepInTrash);
+}
+
+QString cleanNote(std::int64_t skipped, bool keepInTrash)
+{
     if (skipped > 0) {
         return counted(skipped, "path") + " protected and skipped.";
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/ExclusionRules.h"
 #include "files/Records.h"
 
 #include <QString>
@@ -22,15 +23,26 @@ using Whitelist = std::vector<std::string>;
 [[nodiscard]] std::vector<CatPath> selectedCleanPaths(const std::vector<Category>& categories,
                                                       const CategoryPicks& picks,
                                                       const Whitelist& whitelist);
+/// Their bytes, without a copy of them.
+[[nodiscard]] std::int64_t selectedCleanBytes(const std::vector<Category>& categories,
+                                              const CategoryPicks& picks,
+                                              const Whitelist& whitelist);
 [[nodiscard]] std::int64_t selectedCategoryCount(const CategoryPicks& picks);
 
 /// By their keys, without the excluded.
 [[nodiscard]] std::vector<Project> selectedProjects(const std::vector<Project>& projects,
                                                     const std::set<std::string>& picks,
                                                     const Whitelist& whitelist);
+/// Their bytes, without a copy of them.
+[[nodiscard]] std::int64_t selectedProjectBytes(const std::vector<Project>& projects,
+                                                const std::set<std::string>& picks,
+                                                const Whitelist& whitelist);
 /// All that are not excluded.
 [[nodiscard]] std::vector<Project> removableProjects(const std::vector<Project>& projects,
                                                      const Whitelist& whitelist);
+/// Their bytes, without a copy of them.
+[[nodiscard]] std::int64_t removableProjectBytes(const std::vector<Project>& projects,
+                                                 const Whitelist& whitelist);
 
 /// By their paths. The exclusion list is left to the run.
 [[nodiscard]] std::vector<InstallerItem>
@@ -45,10 +57,14 @@ selectedInstallers(const std::vector<InstallerItem>& installers,
 /// Bytes of all paths, ticked or not, that are neither protected nor excluded.
 [[nodiscard]] std::int64_t removableBytes(const std::vector<Category>& categories,
                                           const Whitelist& whitelist);
+/// The same of one category.
+[[nodiscard]] std::int64_t removableBytes(const Category& category, const ExclusionRules& rules);
 
 /// The line under the list of categories.
 [[nodiscard]] QString cleanNote(const std::vector<Category>& categories, const Whitelist& whitelist,
                                 bool keepInTrash);
+/// The same where the protected and excluded paths are already counted.
+[[nodiscard]] QString cleanNote(std::int64_t skipped, bool keepInTrash);
 
 /// What the sheets would be about.
 struct SheetFigures

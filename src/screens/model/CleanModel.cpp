@@ -1,6 +1,7 @@
 #include "screens/model/CleanModel.h"
 
 #include "async/Unawaited.h"
+#include "removal/runs/RunSelection.h"
 
 #include "screens/model/ShownText.h"
 
@@ -126,7 +127,7 @@ void CleanModel::recount()
 
 void CleanModel::refreshNote()
 {
-    m_note = m_model.removal().cleanNote();
+    m_note = cleanNote(m_rows.protectedPaths(), m_model.settings().keepInTrash());
     Q_EMIT changed();
 }
 

@@ -1,12 +1,12 @@
 #include "screens/model/CleanRows.h"
 
 #include "core/SortedRows.h"
-#include "files/ExclusionRules.h"
 #include "removal/runs/RunMessages.h"
 
 #include "screens/model/ShownText.h"
 
 #include <algorithm>
+#include <numeric>
 #include <unordered_map>
 #include <utility>
 
@@ -54,6 +54,13 @@ std::int64_t CleanRows::tickedBytes() const
         bytes += m_ticks[row] ? m_sums[row].removable : 0;
     }
     return bytes;
+}
+
+std::int64_t CleanRows::protectedPaths() const
+{
+    return std::accumulate(
+        m_sums.begin(), m_sums.end(), std::int64_t{0},
+        [](std::int64_t count, const Sums& sums) { return count + sums.protectedPaths; });
 }
 
 bool CleanRows::isAllTicked() const
@@ -201,8 +208,9 @@ void CleanRows::takeSums()
 {
     m_sums.clear();
     m_sums.reserve(m_rows.size());
+    const ExclusionRules rules(m_model.exclusions().whitelist());
     for (const Category& row : m_rows) {
-        m_sums.push_back(sumsOf(row));
+        m_sums.push_back(sumsOf(row, rules));
     }
 }
 
@@ -228,21 +236,21 @@ bool CleanRows::isOpen(std::size_t row) const
     return !m_open.empty() && m_rows[row].id == m_open;
 }
 
-bool CleanRows::isRemovable(const CatPath& path) const
+bool CleanRows::isRemovable(const CatPath& path, const ExclusionRules& rules)
 {
-    return !path.prot && !isExcluded(path.p, m_model.exclusions().whitelist());
+    return !path.prot && !rules.covers(path.p);
 }
 
-CleanRows::Sums CleanRows::sumsOf(const Category& row) const
+CleanRows::Sums CleanRows::sumsOf(const Category& row, const ExclusionRules& rules)
 {
     Sums sums;
     for (const CatPath& path : row.paths) {
-        if (isRemovable(path)) {
+        if (isRemovable(path, rules)) {
             sums.removable += path.b;
             sums.isTickable = true;
         } else {
             sums.protectedBytes += path.b;
-            sums.hasProtected = true;
+            ++sums.protectedPaths;
         }
     }
     return sums;
@@ -274,9 +282,10 @@ QString CleanRows::detail(std::size_t row) const
 {
     const Sums& sums = m_sums[row];
     const QString removable = shownSize(sums.removable) + QStringLiteral(" removable");
-    return sums.hasProtected ? removable + QStringLiteral(", ") + shownSize(sums.protectedBytes) +
-                                   QStringLiteral(" protected")
-                             : removable;
+    return sums.protectedPaths > 0
+               ? removable + QStringLiteral(", ") + shownSize(sums.protectedBytes) +
+                     QStringLiteral(" protected")
+               : removable;
 }
 
 QString CleanRows::spokenValue(std::size_t row) const
@@ -291,12 +300,13 @@ QString CleanRows::spokenValue(std::size_t row) const
 
 QList<PathLine> CleanRows::lines(const Category& row) const
 {
+    const ExclusionRules rules(m_model.exclusions().whitelist());
     QList<PathLine> lines;
     const std::size_t count = std::min(row.paths.size(), lineLimit);
     for (std::size_t place = 0; place < count; ++place) {
         const CatPath& path = row.paths[place];
         PathLine line{shortenedPath(path.p), shownText(path.p), {}, false};
-        if (!isRemovable(path)) {
+        if (!isRemovable(path, rules)) {
             line.trailing = QStringLiteral("Protected");
         } else if (path.sudo) {
             line.trailing = QStringLiteral("Needs password");

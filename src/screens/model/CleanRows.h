@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AppModel.h"
+#include "files/ExclusionRules.h"
 
 #include <QAbstractListModel>
 #include <QList>
@@ -77,6 +78,8 @@ public:
     [[nodiscard]] bool isTickable(const std::string& id) const;
     /// What the ticked rows would give back.
     [[nodiscard]] std::int64_t tickedBytes() const;
+    /// The paths of all rows that stay, being protected or excluded.
+    [[nodiscard]] std::int64_t protectedPaths() const;
     /// Also the rows of which nothing can go count here; no row is not all.
     [[nodiscard]] bool isAllTicked() const;
 
@@ -94,8 +97,8 @@ private:
     {
         std::int64_t removable = 0;
         std::int64_t protectedBytes = 0;
+        std::int64_t protectedPaths = 0;
         bool isTickable = false;
-        bool hasProtected = false;
     };
 
     void reload();
@@ -107,8 +110,8 @@ private:
     [[nodiscard]] std::vector<bool> ticksNow() const;
     void tell(std::size_t first, std::size_t last, const QList<int>& roles);
     [[nodiscard]] bool isOpen(std::size_t row) const;
-    [[nodiscard]] bool isRemovable(const CatPath& path) const;
-    [[nodiscard]] Sums sumsOf(const Category& row) const;
+    [[nodiscard]] static bool isRemovable(const CatPath& path, const ExclusionRules& rules);
+    [[nodiscard]] static Sums sumsOf(const Category& row, const ExclusionRules& rules);
     [[nodiscard]] Trailing trailingKind(std::size_t row) const;
     [[nodiscard]] QString trailing(std::size_t row) const;
     [[nodiscard]] QString detail(std::size_t row) const;

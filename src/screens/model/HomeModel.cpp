@@ -124,7 +124,7 @@ void HomeModel::recountPurge()
 {
     HomeCard card{QStringLiteral("Purge"), QStringLiteral("Project build artifacts"), scanning(),
                   true, "purge"};
-    m_purgeBytes = bytesOf(m_model.removal().removableProjects());
+    m_purgeBytes = m_model.removal().removableProjectBytes();
     if (const auto* const found = m_model.live().purge().value()) {
         card.sub = counted(countOf(*found), "project build folder");
         card.size = shownSize(m_purgeBytes);

@@ -122,7 +122,7 @@ void SidebarModel::recountClean()
 void SidebarModel::recountPurge()
 {
     setChip("purge", m_model.live().purge().isLoaded()
-                         ? shownSize(bytesOf(m_model.removal().removableProjects()))
+                         ? shownSize(m_model.removal().removableProjectBytes())
                          : QString());
 }
 
