@@ -15,17 +15,23 @@ constexpr unsigned threadsPerCore = 4; // a cold disk answers several askers soo
 constexpr std::size_t foldersBeforeHelp = 32;
 constexpr std::size_t descriptorsPerThread = 8;
 
+/// Asked once: the answer is read from a file of the system, and small walks are many.
+unsigned processors()
+{
+    static const unsigned count = std::max(1U, std::thread::hardware_concurrency());
+    return count;
+}
+
 unsigned helpersFor(unsigned threads)
 {
-    unsigned wanted = threads;
-    if (threads == 0) {
-        wanted = std::max(1U, std::thread::hardware_concurrency()) * threadsPerCore;
-    }
-    const unsigned mostThreads = mostWalkThreads();
-    const auto affordable = std::max<std::size_t>(1, descriptorLimit() / descriptorsPerThread);
-    wanted = std::min({wanted, mostThreads,
-                       static_cast<unsigned>(std::min<std::size_t>(affordable, mostThreads))});
-    return wanted - 1;
+    const unsigned wanted = threads == 0 ? processors() * threadsPerCore : threads;
+    return std::min(wanted, mostWalkThreads()) - 1;
+}
+
+/// Asked only by a walk that needs help, which most do not.
+bool canAfford(std::size_t threads)
+{
+    return threads <= descriptorLimit() / descriptorsPerThread;
 }
 
 } // namespace
@@ -142,6 +148,11 @@ void WalkCrew::await(WalkChunk& chunk)
 void WalkCrew::startHelper()
 {
     if (m_toStart.load(std::memory_order_relaxed) == 0) {
+        return;
+    }
+    const std::size_t threads = m_helpers.size() + 1;
+    if (!canAfford(threads + 1)) {
+        m_toStart.store(0, std::memory_order_relaxed);
         return;
     }
     try {

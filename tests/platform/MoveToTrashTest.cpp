@@ -167,6 +167,25 @@ TEST_F(MoveToTrash, TheLinkThatIsTheTrashAndWhatHoldsItStay)
     EXPECT_EQ(trashed(m_home, m_tree.text("shared/x", "1")), m_home.inTrash("x"));
 }
 
+TEST_F(MoveToTrash, AFolderThatTheWayToTheTrashOnlyPassesThroughStays)
+{
+    const std::string detour = m_tree.folder("home/detour");
+    const ScopedVariable data("XDG_DATA_HOME", detour + "/../data");
+    EXPECT_EQ(told(m_home, detour), "It is the Trash, or contains it");
+    EXPECT_EQ(trashed(m_home, m_tree.text("home/x", "1")), detour + "/../data/Trash/files/x");
+    EXPECT_TRUE(stands(detour));
+}
+
+TEST_F(MoveToTrash, ALinkOnTheWayToTheTrashStaysAlsoWhereItLeadsBackToTheSamePlace)
+{
+    m_tree.folder("home/.local/data");
+    const std::string link = m_tree.link("home/.local/share", "data");
+    for (const std::string& path :
+         {link, m_home.path(".local/data"), m_home.path(".local/data/Trash")}) {
+        EXPECT_EQ(told(m_home, path), "It is the Trash, or contains it") << path;
+    }
+}
+
 TEST_F(MoveToTrash, WhatLiesInAnotherTrashOfTheHomesVolumeStays)
 {
     withSecondVolume([&](const std::string& top, const std::string& folder) {

@@ -1,6 +1,7 @@
 #include "platform/linux/MountTop.h"
 
-#include "platform/linux/MountId.h"
+#include "platform/FileIdentity.h"
+#include "platform/linux/Ancestry.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,7 +10,6 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdint>
 #include <utility>
 
 namespace zolva {
@@ -19,26 +19,6 @@ namespace {
 constexpr int searchOnly = O_PATH | O_DIRECTORY | O_CLOEXEC;
 /// The system lets no path be longer, but folders may lie deeper.
 constexpr int mostLevels = 100000;
-
-struct Place
-{
-    FileIdentity identity;
-    std::uint64_t mount = 0; ///< 0 where the system does not tell
-};
-
-std::optional<Place> placeOf(int folder)
-{
-    const auto identity = identityOf(folder);
-    if (!identity) {
-        return std::nullopt;
-    }
-    return Place{*identity, mountId(folder).value_or(0)};
-}
-
-FileDescriptor folderAbove(int folder)
-{
-    return FileDescriptor(::openat(folder, "..", searchOnly));
-}
 
 std::optional<std::string> pathOf(int folder, const FileIdentity& identity)
 {
@@ -90,28 +70,6 @@ std::optional<MountTop> mountTop(int folder)
         place = outside;
     }
     errno = ELOOP;
-    return std::nullopt;
-}
-
-std::optional<std::vector<FileIdentity>> foldersUpward(int folder)
-{
-    std::vector<FileIdentity> found;
-    FileDescriptor current(::openat(folder, ".", searchOnly));
-    while (current.isOpen()) {
-        const auto identity = identityOf(current.get());
-        if (!identity) {
-            return std::nullopt;
-        }
-        if (!found.empty() && found.back() == *identity) {
-            return found;
-        }
-        found.push_back(*identity);
-        current = folderAbove(current.get());
-    }
-    // Whoever may not look further up holds no descriptor to anything there either.
-    if (errno == EACCES && !found.empty()) {
-        return found;
-    }
     return std::nullopt;
 }
 

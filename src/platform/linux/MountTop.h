@@ -1,14 +1,12 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
-#include "platform/FileIdentity.h"
 
 #include <optional>
 #include <string>
-#include <vector>
 
-/// Where a folder stands among the folders and mounts above it. Climbs by descriptor, so that no
-/// link or renaming misleads. Any thread.
+/// The mount that a folder lies on. Climbs by descriptor, so that no link or renaming misleads. Any
+/// thread.
 namespace zolva {
 
 struct MountTop
@@ -21,9 +19,5 @@ struct MountTop
 /// The topmost folder of the mount that the open folder lies on; nothing, with errno, if it cannot
 /// be told.
 [[nodiscard]] std::optional<MountTop> mountTop(int folder);
-
-/// The open folder and those above it, up to the root or to what may not be searched; nothing,
-/// with errno, after any other error.
-[[nodiscard]] std::optional<std::vector<FileIdentity>> foldersUpward(int folder);
 
 } // namespace zolva

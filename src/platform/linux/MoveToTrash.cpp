@@ -2,7 +2,7 @@
 #include "platform/MoveNoReplace.h"
 #include "platform/OpenFolder.h"
 #include "platform/SystemTrash.h"
-#include "platform/linux/MountTop.h"
+#include "platform/linux/Ancestry.h"
 #include "platform/linux/TrashFolders.h"
 #include "platform/linux/TrashNames.h"
 
@@ -60,34 +60,41 @@ bool isOnTheWay(const std::string& trash, const FileIdentity& item)
     }
     // And those without links above the last of them, which may itself be one.
     const FileDescriptor above = openFolder(entryPath(trash).folder);
-    const auto holders = above.isOpen() ? foldersUpward(above.get()) : std::nullopt;
-    return holders && std::find(holders->begin(), holders->end(), item) != holders->end();
+    const auto holders = above.isOpen() ? ancestryOf(above.get()) : std::nullopt;
+    return holders && holders->holds(item);
+}
+
+/// Whether the path leads to the Trash, whose `files` folder is known, by no link: then all that
+/// stands on the way is above that folder.
+bool leadsStraight(const std::string& trash, const Ancestry& files)
+{
+    const auto place = files.isWhole ? placeWithoutLinks(trash) : std::nullopt;
+    return place && place->mount != 0 && files.places.size() > 1 && files.places[1] == *place;
 }
 
 /// The Trash itself, what lies in it and what contains it stay where they are.
 std::optional<TrashFailure> oddPlace(const Item& item, const TrashFolders& trash,
-                                     const std::string& ownTrash,
-                                     const std::vector<FileIdentity>& others)
+                                     const std::string& ownTrash)
 {
-    const auto above = foldersUpward(item.folder.get());
-    if (!above) {
-        return trashFailure(errno);
-    }
-    const auto aboveTrash = foldersUpward(trash.files.get());
+    const auto aboveTrash = ancestryOf(trash.files.get());
     if (!aboveTrash) {
         return trashFailure(errno, trash.path);
     }
-    const auto holds = [](const std::vector<FileIdentity>& list, const FileIdentity& one) {
-        return std::find(list.begin(), list.end(), one) != list.end();
-    };
-    const bool lies = holds(*above, trash.identity) ||
+    const auto above = ancestryOf(item.folder.get(), &*aboveTrash);
+    if (!above) {
+        return trashFailure(errno);
+    }
+    // Also a volume whose things go to the home folder may have a Trash of its own.
+    const auto others = above->top ? volumeTrashes(above->top->get()) : std::vector<FileIdentity>();
+    const bool lies = above->holds(trash.identity) ||
                       std::any_of(others.begin(), others.end(),
-                                  [&](const FileIdentity& other) { return holds(*above, other); });
+                                  [&](const FileIdentity& other) { return above->holds(other); });
     if (lies) {
         return TrashFailure{0, "It is in the Trash already"};
     }
-    if (holds(*aboveTrash, item.identity) || holds(others, item.identity) ||
-        isOnTheWay(ownTrash, item.identity)) {
+    if (aboveTrash->holds(item.identity) ||
+        std::find(others.begin(), others.end(), item.identity) != others.end() ||
+        (!leadsStraight(ownTrash, *aboveTrash) && isOnTheWay(ownTrash, item.identity))) {
         return TrashFailure{0, "It is the Trash, or contains it"};
     }
     return std::nullopt;
@@ -200,10 +207,9 @@ tl::expected<MovedToTrash, TrashFailure> moveInto(const Item& item, const TrashF
 }
 
 tl::expected<MovedToTrash, TrashFailure> moveChecked(const Item& item, const TrashFolders& trash,
-                                                     const std::string& ownTrash,
-                                                     const std::vector<FileIdentity>& others)
+                                                     const std::string& ownTrash)
 {
-    if (auto reason = oddPlace(item, trash, ownTrash, others)) {
+    if (auto reason = oddPlace(item, trash, ownTrash)) {
         return tl::unexpected(std::move(*reason));
     }
     return moveInto(item, trash);
@@ -224,8 +230,7 @@ tl::expected<MovedToTrash, TrashFailure> moveToTrash(const std::string& home,
     }
     const bool isOwn = chosen->origin.starts_with('/');
     const std::string ownTrash = homeTrashPath(home);
-    // Also a volume whose things go to the home folder may have a Trash of its own.
-    auto moved = moveChecked(*item, *chosen, ownTrash, volumeTrashes(item->folder.get()));
+    auto moved = moveChecked(*item, *chosen, ownTrash);
     if (moved || moved.error().code != EXDEV || !isOwn) {
         return moved;
     }
@@ -234,7 +239,7 @@ tl::expected<MovedToTrash, TrashFailure> moveToTrash(const std::string& home,
     if (!volume) {
         return tl::unexpected(volume.error());
     }
-    return moveChecked(*item, *volume, ownTrash, volumeTrashes(item->folder.get()));
+    return moveChecked(*item, *volume, ownTrash);
 }
 
 } // namespace zolva

@@ -94,20 +94,38 @@ struct VolumePlace
     std::string name;
 };
 
+/// The folder at the top of a volume in which each user may have a Trash; not open where there is
+/// none that is safe.
+FileDescriptor sharedPlace(int top)
+{
+    FileDescriptor shared(::openat(top, ".Trash", realFolder));
+    struct stat status
+    {};
+    if (shared.isOpen() &&
+        (::fstat(shared.get(), &status) != 0 || (status.st_mode & S_ISVTX) == 0)) {
+        shared.close();
+    }
+    return shared;
+}
+
+/// Where there is no shared place.
+std::string ownName(const std::string& user)
+{
+    return ".Trash-" + user;
+}
+
 /// The places of a volume at which the user's Trash may be, the better first.
 std::vector<VolumePlace> volumePlaces(const MountTop& top)
 {
     const std::string user = std::to_string(::geteuid());
     const std::string path = top.path == "/" ? "" : top.path;
     std::vector<VolumePlace> places;
-    FileDescriptor shared(::openat(top.folder.get(), ".Trash", realFolder));
-    struct stat status
-    {};
-    if (shared.isOpen() && ::fstat(shared.get(), &status) == 0 && (status.st_mode & S_ISVTX) != 0) {
+    FileDescriptor shared = sharedPlace(top.folder.get());
+    if (shared.isOpen()) {
         places.push_back({std::move(shared), path + "/.Trash", user});
     }
     FileDescriptor self(::openat(top.folder.get(), ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    places.push_back({std::move(self), path, ".Trash-" + user});
+    places.push_back({std::move(self), path, ownName(user)});
     return places;
 }
 
@@ -205,16 +223,20 @@ tl::expected<TrashFolders, TrashFailure> openVolumeTrash(int folder)
     return last;
 }
 
-std::vector<FileIdentity> volumeTrashes(int folder)
+std::vector<FileIdentity> volumeTrashes(int top)
 {
+    const std::string user = std::to_string(::geteuid());
     std::vector<FileIdentity> found;
-    if (const auto top = mountTop(folder)) {
-        for (const VolumePlace& place : volumePlaces(*top)) {
-            if (const auto identity = identityAt(place.folder.get(), place.name)) {
-                found.push_back(*identity);
-            }
+    const auto add = [&found](int folder, const std::string& name) {
+        if (const auto identity = identityAt(folder, name)) {
+            found.push_back(*identity);
         }
+    };
+    const FileDescriptor shared = sharedPlace(top);
+    if (shared.isOpen()) {
+        add(shared.get(), user);
     }
+    add(top, ownName(user));
     return found;
 }
 

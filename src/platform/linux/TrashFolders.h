@@ -37,8 +37,8 @@ enum class MissingTrash
 /// not taken.
 [[nodiscard]] tl::expected<TrashFolders, TrashFailure> openVolumeTrash(int folder);
 
-/// The Trash folders of that volume which are there.
-[[nodiscard]] std::vector<FileIdentity> volumeTrashes(int folder);
+/// The Trash folders of a volume which are there; `top` is its topmost folder.
+[[nodiscard]] std::vector<FileIdentity> volumeTrashes(int top);
 
 /// The Trash for what stands in `folder`: the user's own on the same file system, else the
 /// volume's. `path` is the folder's.
