@@ -402,6 +402,7 @@ ScreenCase {
         mouseClick(view, x, y);
         verify(!fixture.model.confirm.isOpen);
         verify(sheet().visible);
+        verify(!spoken("Cancel").enabled);
         mouseClick(view, x, y);
         compare(allTyped("CleanRow").filter(row => !row.ticked).length, 0);
         tryCompare(sheet(), "visible", false);

@@ -56,7 +56,7 @@ FocusScope {
             id: list
 
             // The page stays at its top while what is above the rows grows or shrinks.
-            property bool atTop: true
+            property real lastOrigin: 0
 
             boundsBehavior: Flickable.StopAtBounds
             cacheBuffer: 400
@@ -98,9 +98,10 @@ FocusScope {
                 topPadding: bar.height + 3
             }
 
-            onContentYChanged: atTop = contentY <= originY + 0.5
             onOriginYChanged: {
-                if (atTop)
+                const wasAtTop = Math.abs(contentY - lastOrigin) <= 0.5;
+                lastOrigin = originY;
+                if (wasAtTop)
                     contentY = originY;
             }
             Keys.onUpPressed: event => event.accepted = reach.step(false)
