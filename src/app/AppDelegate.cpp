@@ -29,6 +29,15 @@ void AppDelegate::setWindow(QWindow* window)
     window->installEventFilter(this);
 }
 
+void AppDelegate::shouldClose()
+{
+    if (m_hasTray && m_window) {
+        m_window->hide();
+    } else {
+        shouldTerminate();
+    }
+}
+
 void AppDelegate::shouldTerminate()
 {
     if (!m_model) {
@@ -73,8 +82,8 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
         return QObject::eventFilter(watched, event);
     }
     event->ignore();
-    if (isClose && m_hasTray) {
-        m_window->hide();
+    if (isClose) {
+        shouldClose();
     } else {
         shouldTerminate();
     }

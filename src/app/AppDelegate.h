@@ -25,6 +25,8 @@ public:
     /// With an icon that stays, closing the window hides it; without one it is a wish to quit.
     void setHasTray(bool has) { m_hasTray = has; }
 
+    /// Somebody wants to close the window: it hides, or that is a wish to quit.
+    Q_SLOT void shouldClose();
     /// Somebody wants the program to end: `terminate` follows, or the alert is up.
     void shouldTerminate();
     /// The session ends, and this program with it: false if that would cut a run short, and the

@@ -63,6 +63,8 @@ bool ZolvaApp::showWindow()
     }
     followMotion(*motion, *m_reducedMotion, *window);
     m_delegate.setWindow(window);
+    // The window's own signal, for its keys and buttons.
+    connect(window, SIGNAL(closeWanted()), &m_delegate, SLOT(shouldClose()));
     m_delegate.setModel(&m_screens);
     window->show();
     return true;
