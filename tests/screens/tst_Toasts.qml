@@ -132,10 +132,14 @@ TestCase {
         const id = fixture.addToast("info", "Going");
         settle();
         const view = views(stack)[0];
+        const place = trailingEdge(view);
+        let farthest = place;
+        const look = () => farthest = Math.max(farthest, trailingEdge(view));
+        view.xChanged.connect(look);
         fixture.model.dismissToast(id);
         compare(stack.count, 0);
-        tryVerify(() => views(stack).length === 1 && trailingEdge(view) > stack.width - 10);
         tryVerify(() => views(stack).length === 0);
+        verify(farthest > place + 1, "from " + place + " to " + farthest);
     }
     function test_aToastDismissedWhileItComesInTurnsBack() {
         const id = fixture.addToast("info", "Hasty");
