@@ -100,7 +100,9 @@ class Stopping(RunCase):
         self.wait_for_steps(1)
         self.button("Stop removing", STOP_HINT).press()
         self.node("progress bar", "Stopping…")
-        stopped = self.node("alert message", None, "")
+        stopped = self.wait(lambda: next(
+            (toast for toast in self.window().find_all("alert message")
+             if toast.name.startswith("Stopped.")), None), "the report of a stopped run")
         self.wait(lambda: self.step() is None, "the end of the run")
         done = self.assert_first_were_moved()
         self.assertGreater(done, 0)
