@@ -30,7 +30,7 @@ Item {
         })
     /// Smooth where the graphics hardware moves it. Else in steps of few pixels, each of which
     /// draws the whole window: so blurred a shape does not show them.
-    readonly property int stepTime: 250
+    readonly property int stepTime: 500
 
     function move(milliseconds: real) {
         phase = (phase + milliseconds / Motion.backdrop) % 2;
