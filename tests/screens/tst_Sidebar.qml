@@ -189,6 +189,24 @@ TestCase {
         compare(label.size, 12);
         compare(label.truncated, false);
     }
+    function test_theRingOfARowIsWholeWithinTheList() {
+        const row = entry(2).row;
+        row.forceActiveFocus(Qt.TabFocusReason);
+        verify(row.visualFocus);
+        waitForRendering(sidebar, 50);
+        const image = grabImage(sidebar);
+        const at = row.mapToItem(sidebar, 0, 0);
+        const ring = (x, y) => {
+            let found = 0;
+            for (let by = 0; by < 6; ++by)
+                found += image.pixel(x(by), y(by)).toString() === Theme.palette.accent.toString() ? 1 : 0;
+            return found;
+        };
+        compare(ring(by => at.x - 1 + by, () => at.y + 23), 2);
+        compare(ring(by => at.x + row.width - 4 + by, () => at.y + 23), 2);
+        compare(ring(() => at.x + 120, by => at.y - 1 + by), 2);
+        compare(ring(() => at.x + 120, by => at.y + row.height - 4 + by), 2);
+    }
     function test_allRowsFitTheSmallestWindow() {
         fixture.setTrash(1, 5e9);
         waitForRendering(sidebar);
