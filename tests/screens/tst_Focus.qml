@@ -1,0 +1,143 @@
+import QtQuick
+import QtTest
+import Zolva.Kit
+
+// Where the keyboard goes on in the whole window when what had it goes away.
+ScreenCase {
+    id: tests
+
+    name: "Focus"
+
+    function startFrom(name: string): Item {
+        const from = spoken(name);
+        from.forceActiveFocus(Qt.TabFocusReason);
+        return from;
+    }
+
+    /// The keyboard is there, and to be seen there.
+    function isOn(name: string, within) {
+        tryVerify(() => focusedName() === name, 1000, "on " + name);
+        verify(focused().visualFocus, name);
+        if (within)
+            verify(walk(within, item => item === focused()), name);
+    }
+
+    function test_afterAScanTheKeyboardIsOnThePagesFirstButton() {
+        showWindow("clean");
+        startFrom("Scan");
+        press(Qt.Key_Return);
+        fixture.categories(3, 1);
+        tryVerify(() => typed("CleanList"));
+        isOn("Rescan", typed("CleanList"));
+        press(Qt.Key_Tab);
+        isOn("Largest first", typed("CleanList"));
+    }
+
+    function test_afterAScanTheArrowsGoThroughThePage() {
+        showWindow("clean");
+        startFrom("Scan");
+        press(Qt.Key_Return);
+        fixture.categories(3, 1);
+        tryVerify(() => typed("CleanList"));
+        isOn("Rescan", typed("CleanList"));
+        press(Qt.Key_Down);
+        isOn("Largest first", typed("CleanList"));
+        press(Qt.Key_Up);
+        isOn("Rescan", typed("CleanList"));
+    }
+
+    function test_afterARescanTheKeyboardIsOnRescanAgain() {
+        fixture.categories(3, 1);
+        showWindow("clean");
+        startFrom("Rescan");
+        press(Qt.Key_Return);
+        verify(written("Scanning…"));
+        fixture.finishCleanScan();
+        isOn("Rescan", typed("CleanList"));
+    }
+
+    function test_homesScanLeavesTheKeyboardOnItsPage() {
+        showWindow("home");
+        startFrom("Scan");
+        press(Qt.Key_Return);
+        isOn("Rescan", typed("PageHeader"));
+    }
+
+    function test_theWayToAnotherScreenEndsOnItsFirstButton() {
+        fixture.categories(3, 1);
+        showWindow("home");
+        startFrom("Review Clean");
+        press(Qt.Key_Return);
+        isOn("Rescan", typed("CleanList"));
+    }
+
+    function test_afterThePointerTheFocusComesWithoutARing() {
+        fixture.categories(3, 1);
+        showWindow("home");
+        const review = spoken("Review Clean");
+        review.forceActiveFocus(Qt.MouseFocusReason);
+        click(review);
+        tryVerify(() => focusedName() === "Rescan");
+        verify(!focused().visualFocus);
+    }
+
+    function test_theTabKeyStaysOnThePageThatItCameTo() {
+        fixture.categories(3, 1);
+        fixture.pickAll("clean");
+        showWindow("home");
+        startFrom("Review Clean");
+        press(Qt.Key_Return);
+        isOn("Rescan");
+        let names = [];
+        for (let i = 0; i < 5; ++i) {
+            press(Qt.Key_Tab);
+            names.push(focusedName());
+        }
+        compare(names, ["Largest first", "Category 1", "Category 1", "Deselect all", "Clean 6.0 MB"]);
+    }
+
+    function test_afterARunTheKeyboardIsOnSomethingThatCanBePressed() {
+        fixture.categories(3, 1);
+        fixture.pickAll("clean");
+        showWindow("clean");
+        startFrom("Clean 6.0 MB");
+        press(Qt.Key_Return);
+        tryVerify(() => focusedName() === "Cancel");
+        press(Qt.Key_Escape);
+        fixture.setBulk("Cleaning", 4, 1, "~/a");
+        tryVerify(() => focusedName() === "Stop removing");
+        fixture.clearBulk();
+        isOn("Deselect all", typed("CleanBar"));
+    }
+
+    function test_aButtonThatGoesDeadHandsTheKeyboardToTheNearest() {
+        fixture.categories(2, 1);
+        fixture.pickAll("clean");
+        showWindow("clean");
+        startFrom("Clean 3.0 MB");
+        keyClick(Qt.Key_Shift);
+        fixture.pickAll("clean", false);
+        isOn("Select all");
+    }
+
+    function test_fromTheHiddenTrashButtonItGoesToTheSidebarsRow() {
+        fixture.setTrash(1, 1000);
+        showWindow("clean");
+        startFrom("Empty Trash");
+        keyClick(Qt.Key_Shift);
+        fixture.setTrash(0, 0);
+        isOn("Clean", typed("Sidebar"));
+    }
+
+    function test_emptyingTheTrashByTheKeysEndsOnTheSidebarsRow() {
+        fixture.setTrash(1, 1000);
+        showWindow("clean");
+        startFrom("Empty Trash");
+        press(Qt.Key_Return);
+        tryVerify(() => focusedName() === "Cancel");
+        press(Qt.Key_Right);
+        press(Qt.Key_Return);
+        fixture.setTrash(0, 0);
+        isOn("Clean", typed("Sidebar"));
+    }
+}
