@@ -140,4 +140,58 @@ ScreenCase {
         fixture.setTrash(0, 0);
         isOn("Clean", typed("Sidebar"));
     }
+
+    function test_aToastThatIsDismissedGivesTheKeyboardBack_data() {
+        return [{tag: "less motion", reduced: true}, {tag: "motion", reduced: false}];
+    }
+    function test_aToastThatIsDismissedGivesTheKeyboardBack(row) {
+        fixture.categories(3, 1);
+        showWindow("clean");
+        Motion.reduced = row.reduced;
+        startFrom("Largest first");
+        fixture.addToast("info", "Moved", "Undo");
+        tryVerify(() => spoken("Undo"));
+        startFrom("Undo");
+        press(Qt.Key_Escape);
+        isOn("Largest first");
+        // Nor can the one that leaves be come to.
+        verify(!typed("ToastView")?.enabled);
+    }
+
+    function test_aToastWhoseTimeIsOverGivesTheKeyboardBack() {
+        fixture.categories(3, 1);
+        showWindow("clean");
+        startFrom("Largest first");
+        fixture.addToast("info", "Moved", "Undo");
+        tryVerify(() => spoken("Undo"));
+        startFrom("Undo");
+        press(Qt.Key_Tab);
+        isOn("Dismiss notification");
+        fixture.advance(10100);
+        isOn("Largest first");
+    }
+
+    function test_aToastWithoutTheKeyboardGoesWithoutTakingIt() {
+        fixture.categories(3, 1);
+        showWindow("clean");
+        const id = fixture.addToast("info", "Moved", "Undo");
+        const menu = startFrom("Largest first");
+        fixture.model.dismissToast(id);
+        settle();
+        verify(focused() === menu, focusedName());
+    }
+
+    function test_aToastOverASheetGivesTheKeyboardToTheSheet() {
+        fixture.setTrash(1, 1000);
+        showWindow("clean");
+        fixture.openSheet("emptytrash");
+        tryVerify(() => focusedName() === "Cancel");
+        fixture.addToast("info", "Moved", "Undo");
+        tryVerify(() => spoken("Undo"));
+        startFrom("Undo");
+        press(Qt.Key_Escape);
+        isOn("Cancel", typed("ConfirmSheet"));
+        press(Qt.Key_Escape);
+        verify(!fixture.model.confirm.isOpen);
+    }
 }

@@ -100,6 +100,7 @@ FocusScope {
     ToastStack {
         anchors.fill: parent
         model: root.model
+        onFocusLeft: root.giveFocusBack()
     }
 
     FocusKeeper {
