@@ -194,4 +194,32 @@ ScreenCase {
         press(Qt.Key_Escape);
         verify(!fixture.model.confirm.isOpen);
     }
+
+    function test_theSheetThatAsksSomethingElseBeginsAgainAtCancel() {
+        fixture.categories(2, 1);
+        fixture.pickAll("clean");
+        fixture.setTrash(2, 1000);
+        showWindow("clean");
+        fixture.openSheet("erase");
+        tryVerify(() => focusedName() === "Cancel");
+        press(Qt.Key_Right);
+        compare(focusedName(), "Confirm: Clean");
+        fixture.openSheet("emptytrash");
+        compare(focusedName(), "Cancel");
+        press(Qt.Key_Return);
+        verify(!fixture.model.confirm.isOpen);
+        verify(!fixture.model.bulk.present);
+    }
+
+    function test_theSheetThatOnlyCountsAgainLeavesTheKeyboard() {
+        fixture.categories(2, 1);
+        fixture.pickAll("clean");
+        showWindow("clean");
+        fixture.openSheet("erase");
+        tryVerify(() => focusedName() === "Cancel");
+        press(Qt.Key_Right);
+        fixture.model.clean.pick("Category 2", false);
+        settle();
+        compare(focusedName(), "Confirm: Clean");
+    }
 }

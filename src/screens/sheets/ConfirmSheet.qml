@@ -18,6 +18,15 @@ OverlayCard {
 
     onCancelled: confirm.cancel()
 
+    // At once: the next press of Return must not confirm what has not been read.
+    Connections {
+        target: sheet.confirm
+
+        function onSubjectChanged() {
+            sheet.takeFocus();
+        }
+    }
+
     Mascot {
         Layout.alignment: Qt.AlignHCenter
         Layout.preferredHeight: 88
