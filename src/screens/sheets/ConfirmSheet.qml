@@ -14,6 +14,7 @@ OverlayCard {
 
     firstFocus: cancelButton
     isOpen: confirm.isOpen
+    spokenBody: confirm.body
     spokenName: confirm.title
 
     onCancelled: confirm.cancel()
