@@ -9,6 +9,12 @@ TestCase {
     function page(properties) {
         return createTemporaryObject(pages, test, properties);
     }
+    function spokenIn(item, wanted) {
+        let found = item.visible && !item.Accessible.ignored && wanted(item) ? [item] : [];
+        for (let i = 0; i < item.children.length; ++i)
+            found = found.concat(spokenIn(item.children[i], wanted));
+        return found;
+    }
     function scrollTo(made, offset) {
         made.listView.contentY = made.listView.originY + offset;
     }
@@ -64,6 +70,23 @@ TestCase {
         scrollTo(made, 10);
         compare(headerOf(made).opacity, 0.75);
         compare(barOf(made).progress, 0.25);
+    }
+    function test_ofHeadAndBarOnlyOneIsSpokenOf() {
+        const made = page({
+            "canRescan": true,
+            "subtitle": "Rebuilt when needed"
+        });
+        const heads = () => spokenIn(made, item => item.Accessible.role === Accessible.Heading).length;
+        const rescans = () => spokenIn(made, item => item.Accessible.name === "Rescan").length;
+        compare([heads(), rescans()], [1, 1]);
+        scrollTo(made, 40);
+        compare([heads(), rescans()], [1, 1]);
+        const room = made.listView.headerItem.height;
+        scrollTo(made, 300);
+        compare([heads(), rescans()], [1, 1]);
+        compare(made.listView.headerItem.height, room);
+        scrollTo(made, 0);
+        compare([heads(), rescans()], [1, 1]);
     }
     function test_theCompactBarIsFiftyTwoHighAndStaysAtTheTop() {
         const made = page({});

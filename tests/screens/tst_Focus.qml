@@ -141,6 +141,22 @@ ScreenCase {
         isOn("Clean", typed("Sidebar"));
     }
 
+    function test_aPageScrolledByTheKeysKeepsTheSameButton_data() {
+        return [{tag: "Rescan"}, {tag: "Largest first"}];
+    }
+    function test_aPageScrolledByTheKeysKeepsTheSameButton(row) {
+        fixture.categories(60, 1);
+        showWindow("clean");
+        startFrom(row.tag);
+        press(Qt.Key_PageDown);
+        const page = typed("CollapsingPage");
+        verify(page.offset > 200);
+        isOn(row.tag, typed("CompactBar"));
+        press(Qt.Key_PageUp);
+        compare(page.offset, 0);
+        isOn(row.tag, typed("PageHeader", page));
+    }
+
     function test_aToastThatIsDismissedGivesTheKeyboardBack_data() {
         return [{tag: "less motion", reduced: true}, {tag: "motion", reduced: false}];
     }
