@@ -238,4 +238,33 @@ ScreenCase {
         settle();
         compare(focusedName(), "Confirm: Clean");
     }
+
+    function test_aMenuThatIsOpenGoesWithItsPageAndTheKeyboardStaysInTheWindow() {
+        fixture.categories(3, 1);
+        showWindow("clean");
+        const pill = startFrom("Largest first");
+        press(Qt.Key_Space);
+        tryVerify(() => pill.menu.opened);
+        press(Qt.Key_Down);
+        fixture.model.go("home");
+        tryVerify(() => focused() && focused().activeFocusOnTab, 1000, "on " + focused());
+        verify(walk(view, item => item === focused()));
+        verify(focused().visible && focused().enabled);
+        compare(allTyped("PopupItem", view.Window.contentItem).length, 0);
+    }
+
+    function test_aMenuThatIsOpenGoesUnderASheetAndCancelHasTheKeyboard() {
+        fixture.categories(3, 1);
+        fixture.setTrash(2, 1000);
+        showWindow("clean");
+        const pill = startFrom("Largest first");
+        press(Qt.Key_Space);
+        tryVerify(() => pill.menu.opened);
+        fixture.openSheet("emptytrash");
+        tryVerify(() => !pill.menu.visible);
+        tryVerify(() => focusedName() === "Cancel");
+        press(Qt.Key_Escape);
+        verify(!fixture.model.confirm.isOpen);
+        isOn("Largest first");
+    }
 }

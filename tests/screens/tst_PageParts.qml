@@ -112,6 +112,19 @@ TestCase {
         tryVerify(() => !made.menu.visible);
         compare(spy.count, 0);
     }
+    function test_aSecondClickClosesTheHeaderMenu() {
+        const made = createTemporaryObject(menus, test);
+        mouseClick(made);
+        tryVerify(() => made.menu.opened);
+        mouseClick(made);
+        tryVerify(() => !made.menu.visible);
+        wait(50);
+        verify(!made.menu.visible);
+        mouseClick(made);
+        tryVerify(() => made.menu.opened);
+        mouseClick(test, 20, 450);
+        tryVerify(() => !made.menu.visible);
+    }
     function test_theActionBarIsAsHighAsItsContentAndItsPadding() {
         const made = createTemporaryObject(bars, test);
         compare(made.implicitHeight, 1 + 16 + 38 + 22);
