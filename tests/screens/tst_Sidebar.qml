@@ -230,17 +230,33 @@ TestCase {
         compare([head.topPadding, head.bottomPadding, head.leftPadding], [18, 8, 16]);
         compare(head.color.toString(), Theme.palette.label3.toString());
     }
-    function test_theRingOfARowIsWholeWithinTheList() {
+    function test_theRingOfARowIsWholeWithinTheList_data() {
+        return [
+            {
+                "tag": "of another screen",
+                "screen": "status",
+                "colour": Theme.palette.accent
+            },
+            {
+                "tag": "of the screen",
+                "screen": "purge",
+                "colour": "#ffffff"
+            }
+        ];
+    }
+    function test_theRingOfARowIsWholeWithinTheList(data) {
+        fixture.model.go(data.screen);
         const row = entry(2).row;
         row.forceActiveFocus(Qt.TabFocusReason);
         verify(row.visualFocus);
+        tryCompare(row.background.children[1], "opacity", data.screen === "purge" ? 1 : 0);
         waitForRendering(sidebar, 50);
         const image = grabImage(sidebar);
         const at = row.mapToItem(sidebar, 0, 0);
         const ring = (x, y) => {
             let found = 0;
             for (let by = 0; by < 6; ++by)
-                found += image.pixel(x(by), y(by)).toString() === Theme.palette.accent.toString() ? 1 : 0;
+                found += image.pixel(x(by), y(by)).toString() === data.colour.toString() ? 1 : 0;
             return found;
         };
         compare(ring(by => at.x - 1 + by, () => at.y + 23), 2);
