@@ -96,6 +96,8 @@ ScreenCase {
     function test_theButtonsSayWhatTheyDo() {
         openIntro(["Mail"]);
         compare(view.card.Accessible.role, Accessible.Dialog);
+        compare(view.card.Accessible.description, fixture.model.access.introText);
+        verify(fixture.model.access.introText !== "");
         compare(spoken("Continue without full access").Accessible.description, "Zolva will report only what it can see");
         compare(spoken("Open System Settings").Accessible.description, "Opens Privacy and Security so you can turn on Full Disk Access");
     }

@@ -284,14 +284,16 @@ ScreenCase {
         fixture.categories(2, 1);
         fixture.pickAll("clean");
         showWindow("clean");
+        fixture.holdDisk();
         fixture.model.clean.clean();
         fixture.model.confirm.confirm();
         verify(fixture.model.bulk.present);
         settle();
-        if (fixture.model.bulk.present)
-            click(spoken("Stop removing"));
+        click(spoken("Stop removing"));
+        fixture.letDiskGo();
         tryVerify(() => !fixture.model.bulk.present);
-        verify(fixture.calls.filter(call => call.startsWith("trash ")).length <= 2);
+        // The one that had begun, and not the other one.
+        compare(fixture.calls.filter(call => call.startsWith("trash ")).length, 1);
     }
 
     function test_aRunThatWasAskedToEndSaysSo() {
@@ -343,6 +345,8 @@ ScreenCase {
         compare(endY(place(typed("RowsCard"))), endY(place(rows()[rows().length - 1])));
         fixture.pickAll("clean");
         settle();
-        verify(written("10000 of 10000 categories selected") || fixture.model.clean.selectedCount === "10000 of 10000 categories selected");
+        list.positionViewAtBeginning();
+        settle();
+        verify(written("10000 of 10000 categories selected"));
     }
 }

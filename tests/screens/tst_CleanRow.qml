@@ -428,6 +428,19 @@ ScreenCase {
         verify(focused() === opener("Kept"), focusedName());
     }
 
+    function test_aRowThatCannotBeTickedSaysSoToTheKeyboard() {
+        open(mixed);
+        row("Mixed").takeFocus();
+        press(Qt.Key_Down);
+        compare(focusedName(), "Kept");
+        verify(focused().visualFocus);
+        compare(focused().Accessible.description, "Protected, cannot be selected. Shows the list of paths");
+        press(Qt.Key_Space);
+        compare(focused().Accessible.description, "Protected, cannot be selected. Hides the list of paths");
+        compare(ticked(), []);
+        compare(opener("Mixed").Accessible.description, "Shows the list of paths");
+    }
+
     function test_theRowOfTheKeyboardIsScrolledIntoSight() {
         openMany(200);
         row("Category 1").takeFocus();

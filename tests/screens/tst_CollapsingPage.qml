@@ -9,6 +9,12 @@ TestCase {
     function page(properties) {
         return createTemporaryObject(pages, test, properties);
     }
+    function spokenIn(item, wanted) {
+        let found = item.visible && !item.Accessible.ignored && wanted(item) ? [item] : [];
+        for (let i = 0; i < item.children.length; ++i)
+            found = found.concat(spokenIn(item.children[i], wanted));
+        return found;
+    }
     function scrollTo(made, offset) {
         made.listView.contentY = made.listView.originY + offset;
     }
@@ -64,6 +70,44 @@ TestCase {
         scrollTo(made, 10);
         compare(headerOf(made).opacity, 0.75);
         compare(barOf(made).progress, 0.25);
+    }
+    function test_theCompactBarKeepsItsMeasures() {
+        const made = page({
+            "canRescan": true
+        });
+        scrollTo(made, 10);
+        const bar = barOf(made);
+        const ground = bar.children[1];
+        const line = bar.children[2];
+        compare(ground.color.toString(), Theme.palette.content.toString());
+        compare([ground.opacity, line.opacity], [0.25, 0.25]);
+        compare([line.height, line.y], [1, 52]);
+        scrollTo(made, 200);
+        waitForRendering(made, 50);
+        compare([ground.opacity, line.opacity], [1, 1]);
+        const title = spokenIn(bar, item => item.Accessible.role === Accessible.Heading)[0];
+        compare([title.text, title.size, title.weight], ["Clean", 15, Font.DemiBold]);
+        compare(title.mapToItem(bar, 0, 0).x, 40);
+        const rescan = findByTitle(bar, "RescanButton");
+        compare(rescan.mapToItem(bar, rescan.width, 0).x, 700 - 40);
+        compare(rescan.x - title.x - title.width, 10);
+    }
+    function test_ofHeadAndBarOnlyOneIsSpokenOf() {
+        const made = page({
+            "canRescan": true,
+            "subtitle": "Rebuilt when needed"
+        });
+        const heads = () => spokenIn(made, item => item.Accessible.role === Accessible.Heading).length;
+        const rescans = () => spokenIn(made, item => item.Accessible.name === "Rescan").length;
+        compare([heads(), rescans()], [1, 1]);
+        scrollTo(made, 40);
+        compare([heads(), rescans()], [1, 1]);
+        const room = made.listView.headerItem.height;
+        scrollTo(made, 300);
+        compare([heads(), rescans()], [1, 1]);
+        compare(made.listView.headerItem.height, room);
+        scrollTo(made, 0);
+        compare([heads(), rescans()], [1, 1]);
     }
     function test_theCompactBarIsFiftyTwoHighAndStaysAtTheTop() {
         const made = page({});

@@ -221,6 +221,7 @@ ScreenCase {
         open("emptytrash");
         compare(sheet().card.Accessible.role, Accessible.Dialog);
         compare(sheet().card.Accessible.name, "Empty the Trash?");
+        compare(sheet().card.Accessible.description, "2 items (1 KB) will be permanently deleted. This cannot be undone.");
         const cancel = spoken("Cancel");
         compare(cancel.Accessible.description, "Closes this without removing anything");
         compare([cancel.role, cancel.font.pixelSize, cancel.font.weight], [PillButton.Neutral, 13, Font.Medium]);

@@ -120,6 +120,16 @@ Rectangle {
             verify(white > 5, "a white mark, " + white);
         }
 
+        function test_theSymbolsOfThePartsKeepTheirMeasures() {
+            const stroke = box.children[0].border;
+            compare([stroke.width, stroke.color.toString()], [1.4, Theme.palette.sep.toString()]);
+            const mark = box.children[1];
+            compare([mark.name, mark.size, mark.weight], ["checkmark", 9, Font.Bold]);
+            compare([chevron.name, chevron.size, chevron.color.toString()], ["chevron.right", 20, "#ff0000"]);
+            fuzzyCompare(mascot.children[0].size, 88 * 0.58, 0.001);
+            compare(mascot.children[0].color.toString(), mascot.tint.toString());
+        }
+
         function test_aDimmedCheckBoxIsPaler() {
             box.dimmed = true;
             verify(box.opacity < 0.5);

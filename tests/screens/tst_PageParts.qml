@@ -112,6 +112,73 @@ TestCase {
         tryVerify(() => !made.menu.visible);
         compare(spy.count, 0);
     }
+    function test_theHeadKeepsItsMeasures() {
+        const made = createTemporaryObject(headers, test, {
+            "canRescan": true,
+            "trailing": menus
+        });
+        waitForRendering(made, 50);
+        const title = textOf(made, "Clean");
+        const subtitle = textOf(made, "Rebuilt when needed");
+        const at = item => item.mapToItem(made, 0, 0);
+        compare([at(title).x, at(title).y], [40, 40]);
+        compare(at(subtitle).y - at(title).y - title.height, 2);
+        const rescan = find(made, "RescanButton");
+        const menu = find(made, "HeaderMenu");
+        compare(at(menu.parent).x - at(rescan).x - rescan.width, 10);
+        compare(at(menu.parent).x + menu.parent.width, 700 - 40);
+    }
+    function test_theRescanSymbolIsThirteenAndLitUnderThePointer() {
+        const made = createTemporaryObject(rescans, test, {
+            "x": 100,
+            "y": 100
+        });
+        const symbol = made.contentItem.children[0];
+        compare([symbol.name, symbol.size, symbol.weight], ["arrow.clockwise", 13, Font.DemiBold]);
+        compare(symbol.color.toString(), Theme.palette.label2.toString());
+        mouseMove(made, 13, 13);
+        tryVerify(() => symbol.color.toString() === Theme.palette.label.toString());
+        compare(made.background.color.toString(), Theme.palette.btnHover.toString());
+        mouseMove(test, 1, 1);
+        tryVerify(() => symbol.color.toString() === Theme.palette.label2.toString());
+    }
+    function test_theHeaderMenuKeepsItsMeasures() {
+        const made = createTemporaryObject(menus, test);
+        waitForRendering(made, 50);
+        const words = textOf(made, "Size");
+        compare([words.size, words.weight], [12.5, Font.Medium]);
+        const symbol = words.parent.children[0];
+        compare([symbol.size, symbol.weight], [11, Font.DemiBold]);
+        compare(words.x - symbol.x - symbol.width, 6);
+        fuzzyCompare(symbol.mapToItem(made, 0, 0).x, 12, 0.6);
+        fuzzyCompare(made.width - words.mapToItem(made, words.width, 0).x, 12, 0.6);
+    }
+    function test_theWelcomeKeepsItsMeasures() {
+        const made = createTemporaryObject(welcomes, test);
+        waitForRendering(made, 50);
+        const title = textOf(made, "Scan for cleanable files");
+        compare([title.size, title.weight], [19, Font.DemiBold]);
+        const message = textOf(made, made.message);
+        compare(message.size, 13.5);
+        compare(message.color.toString(), Theme.palette.label2.toString());
+        const symbol = title.parent.children[0];
+        compare([symbol.name, symbol.size], ["wand.and.sparkles", 44]);
+        compare(symbol.color.toString(), Theme.palette.accent.toString());
+        compare(find(made, "PillButton").font.pixelSize, 15);
+    }
+    function test_aSecondClickClosesTheHeaderMenu() {
+        const made = createTemporaryObject(menus, test);
+        mouseClick(made);
+        tryVerify(() => made.menu.opened);
+        mouseClick(made);
+        tryVerify(() => !made.menu.visible);
+        wait(50);
+        verify(!made.menu.visible);
+        mouseClick(made);
+        tryVerify(() => made.menu.opened);
+        mouseClick(test, 20, 450);
+        tryVerify(() => !made.menu.visible);
+    }
     function test_theActionBarIsAsHighAsItsContentAndItsPadding() {
         const made = createTemporaryObject(bars, test);
         compare(made.implicitHeight, 1 + 16 + 38 + 22);

@@ -34,6 +34,8 @@ ScreenCase {
         compare(typed("Mascot", alert()).symbol, "exclamationmark.triangle.fill");
         compare(typed("Mascot", alert()).tint.toString(), Theme.palette.amber.toString());
         compare(alert().card.Accessible.name, "Zolva is still removing files");
+        compare(alert().card.Accessible.description, fixture.model.quit.detail);
+        verify(fixture.model.quit.detail !== "");
         compare(fixture.quits, 0);
     }
 

@@ -189,6 +189,81 @@ TestCase {
         compare(label.size, 12);
         compare(label.truncated, false);
     }
+    function symbolOf(item) {
+        if (item instanceof Symbol)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = symbolOf(item.children[i]);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+    function test_aRowKeepsItsMeasures() {
+        fixture.setCategories([]);
+        const row = entry(1).row;
+        waitForRendering(sidebar, 50);
+        const symbol = symbolOf(row);
+        compare([symbol.size, symbol.weight, symbol.width, symbol.height], [16, Font.Medium, 24, 24]);
+        compare(symbol.mapToItem(row, 0, 0).x, 12);
+        const label = textOf(row, "Clean");
+        compare(label.size, 14);
+        compare(label.mapToItem(row, 0, 0).x, 12 + 24 + 12);
+        const chip = textOf(row, "0 bytes");
+        compare(chip.size, 12);
+        compare(chip.mapToItem(row, chip.width, 0).x, row.width - 12);
+    }
+    function test_theColoursOfARowTellWhetherItIsTheScreens() {
+        fixture.setCategories([]);
+        const row = entry(1).row;
+        const chip = textOf(row, "0 bytes");
+        const colours = () => [symbolOf(row).color, textOf(row, "Clean").color, chip.color].map(String);
+        const palette = Theme.palette;
+        compare(colours(), [palette.label2, palette.label, palette.label3].map(String));
+        compare(chip.opacity, 1);
+        fixture.model.go("clean");
+        compare(colours(), ["#ffffff", "#ffffff", "#ffffff"]);
+        fuzzyCompare(chip.opacity, 0.85, 0.001);
+    }
+    function test_aHeadKeepsItsMeasures() {
+        const head = textOf(entry(0), "RECLAIM");
+        compare([head.topPadding, head.bottomPadding, head.leftPadding], [18, 8, 16]);
+        compare(head.color.toString(), Theme.palette.label3.toString());
+    }
+    function test_theRingOfARowIsWholeWithinTheList_data() {
+        return [
+            {
+                "tag": "of another screen",
+                "screen": "status",
+                "colour": Theme.palette.accent
+            },
+            {
+                "tag": "of the screen",
+                "screen": "purge",
+                "colour": "#ffffff"
+            }
+        ];
+    }
+    function test_theRingOfARowIsWholeWithinTheList(data) {
+        fixture.model.go(data.screen);
+        const row = entry(2).row;
+        row.forceActiveFocus(Qt.TabFocusReason);
+        verify(row.visualFocus);
+        tryCompare(row.background.children[1], "opacity", data.screen === "purge" ? 1 : 0);
+        waitForRendering(sidebar, 50);
+        const image = grabImage(sidebar);
+        const at = row.mapToItem(sidebar, 0, 0);
+        const ring = (x, y) => {
+            let found = 0;
+            for (let by = 0; by < 6; ++by)
+                found += image.pixel(x(by), y(by)).toString() === data.colour.toString() ? 1 : 0;
+            return found;
+        };
+        compare(ring(by => at.x - 1 + by, () => at.y + 23), 2);
+        compare(ring(by => at.x + row.width - 4 + by, () => at.y + 23), 2);
+        compare(ring(() => at.x + 120, by => at.y - 1 + by), 2);
+        compare(ring(() => at.x + 120, by => at.y + row.height - 4 + by), 2);
+    }
     function test_allRowsFitTheSmallestWindow() {
         fixture.setTrash(1, 5e9);
         waitForRendering(sidebar);

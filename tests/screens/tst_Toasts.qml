@@ -112,6 +112,20 @@ TestCase {
         compare(symbol.size, 14);
         compare(symbol.color.toString(), Theme.palette[data.tint].toString());
     }
+    function test_aToastKeepsItsMeasures() {
+        fixture.addToast("info", "Something");
+        const view = shown(1)[0];
+        const text = symbolOf(view).parent.children[1];
+        compare([text.text, text.size, text.weight], ["Something", 13, Font.Medium]);
+        compare(symbolOf(view).weight, Font.DemiBold);
+        const cross = symbolOf(spoken(view, "Dismiss notification"));
+        compare([cross.name, cross.size, cross.weight], ["xmark", 10, Font.Bold]);
+        const card = view.children[1];
+        compare([card.color.toString(), card.border.color.toString()], [Theme.palette.sheet.toString(), Theme.palette.sep
+                .toString()]);
+        compare([card.border.width, card.radius], [1, 12]);
+        compare([view.children[0].strength, view.children[0].blur], [0.28, 12]);
+    }
     function test_aShortToastIsThreeHundredAndFortyWideALongOneFourHundredAndSixty() {
         fixture.addToast("info", "Short");
         fixture.addToast("info", "long ".repeat(60));
@@ -123,7 +137,9 @@ TestCase {
     }
     function test_aToastComesFromTheTrailingEdgeAndStaysReadableWhenItHasCome() {
         fixture.addToast("info", "Here");
-        const view = shown(1)[0];
+        // Made now, so that no frame is drawn before it is looked at.
+        stack.children[0].forceLayout();
+        const view = views(stack)[0];
         verify(trailingEdge(view) > stack.width);
         verify(view.opacity < 0.2);
         settle();

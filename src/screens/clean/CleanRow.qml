@@ -121,6 +121,8 @@ FocusScope {
         ringRadius: 15
         spokenHint: row.open ? "Hides the list of paths" : "Shows the list of paths"
         spokenName: row.name
+        // The rest of such a row is never come to.
+        spokenValue: row.tickable ? "" : row.spokenValue
         width: 48
         x: head.x + head.width - width
 

@@ -25,8 +25,24 @@ FocusScope {
         const way = page.subtitle === "" ? 40 : 58;
         return Math.max(0, Math.min(1, page.offset / way));
     }
+    property PageHeader head: null
+    /// The head is, and the bar has its place.
+    property bool isGone: false
 
     signal rescan
+
+    /// Head and bar have the same buttons: the keyboard stays on the one that it was on.
+    function exchange(gone: bool) {
+        const from = gone ? head : bar;
+        const to = gone ? bar : head;
+        const onRescan = from?.rescanButton.activeFocus ?? false;
+        const onTrailing = from?.trailingItem?.activeFocus ?? false;
+        isGone = gone;
+        if (onRescan)
+            to.rescanButton.forceActiveFocus(Qt.TabFocusReason);
+        else if (onTrailing)
+            to.trailingItem.forceActiveFocus(Qt.TabFocusReason);
+    }
 
     /// Scrolls by so many pages, not beyond either end.
     function turn(pages: real) {
@@ -41,6 +57,11 @@ FocusScope {
             list.contentY = Math.max(list.originY, top - bar.height - 12);
         else if (bottom > list.contentY + list.height - 16)
             list.contentY = bottom - list.height + 16;
+    }
+
+    onProgressChanged: {
+        if (isGone !== (progress >= 0.5))
+            exchange(!isGone);
     }
 
     // Under the full bar nothing is drawn: a page that is dimmed as a whole would show it through.
@@ -71,16 +92,28 @@ FocusScope {
             header: Column {
                 width: list.width
 
-                PageHeader {
-                    canRescan: page.canRescan
-                    // Out of sight it is out of reach of the keyboard, too.
-                    enabled: page.progress < 0.5
-                    opacity: 1 - page.progress
-                    subtitle: page.subtitle
-                    title: page.title
-                    trailing: page.trailing
+                // It keeps its room while it is out of sight.
+                Item {
+                    height: head.implicitHeight
                     width: parent.width
-                    onRescan: page.rescan()
+
+                    PageHeader {
+                        id: head
+
+                        canRescan: page.canRescan
+                        // Out of sight it is out of reach of the keyboard, too.
+                        enabled: !page.isGone
+                        height: implicitHeight
+                        isGone: page.isGone
+                        opacity: 1 - page.progress
+                        subtitle: page.subtitle
+                        title: page.title
+                        trailing: page.trailing
+                        visible: page.progress < 1
+                        width: parent.width
+                        onRescan: page.rescan()
+                        Component.onCompleted: page.head = head
+                    }
                 }
 
                 Slot {
@@ -113,6 +146,7 @@ FocusScope {
         id: bar
 
         canRescan: page.canRescan
+        inReach: page.isGone
         progress: page.progress
         title: page.title
         trailing: page.trailing

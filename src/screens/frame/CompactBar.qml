@@ -13,6 +13,9 @@ Item {
     property Component trailing: null
     /// How far the head is gone, 0 to 1.
     property real progress: 0
+    property bool inReach: progress >= 0.5
+    readonly property alias rescanButton: rescanButton
+    readonly property alias trailingItem: trailingSlot.item
 
     signal rescan
 
@@ -38,7 +41,7 @@ Item {
     }
 
     RowLayout {
-        enabled: bar.progress >= 0.5
+        enabled: bar.inReach
         // Not before the head has half gone: two titles in one place could not be read.
         opacity: Math.max(0, 2 * bar.progress - 1)
         spacing: 10
@@ -60,11 +63,15 @@ Item {
         }
 
         RescanButton {
+            id: rescanButton
+
             visible: bar.canRescan
             onClicked: bar.rescan()
         }
 
         Slot {
+            id: trailingSlot
+
             component: bar.trailing
             visible: item !== null
         }

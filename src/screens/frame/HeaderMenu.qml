@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Zolva.Kit
 
 // A pill in the head of a page that opens a menu of which one entry holds.
@@ -51,13 +52,27 @@ PointerButton {
 
     onClicked: menu.opened ? menu.close() : menu.open()
     Keys.onDownPressed: menu.open()
+    // It does not outlive the page, nor stand over what covers it.
+    onEnabledChanged: {
+        if (!enabled)
+            menu.close();
+    }
+    onVisibleChanged: {
+        if (!visible)
+            menu.close();
+    }
 
     PopupMenu {
         id: menu
 
         x: button.width - width
         y: button.height + 4
-        onClosed: button.forceActiveFocus(Qt.PopupFocusReason)
+        // A press on the button is the button's.
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+        onClosed: {
+            if (button.enabled && button.visible)
+                button.forceActiveFocus(Qt.PopupFocusReason);
+        }
 
         Repeater {
             model: button.entries

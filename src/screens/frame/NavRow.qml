@@ -15,6 +15,8 @@ PointerButton {
     Accessible.selectable: true
     Accessible.selected: active
     implicitHeight: 46
+    ringColor: active ? "white" : Theme.palette.accent
+    ringInset: 2 // the list cuts off what lies outside of the row
     ringRadius: 9
     spokenName: label
     spokenRole: Accessible.PageTab

@@ -11,6 +11,10 @@ Item {
     property string subtitle
     property bool canRescan: false
     property Component trailing: null
+    /// Scrolled away; what took its place is spoken of instead.
+    property bool isGone: false
+    readonly property alias rescanButton: rescanButton
+    readonly property alias trailingItem: trailingSlot.item
 
     signal rescan
 
@@ -25,6 +29,7 @@ Item {
         y: 40
 
         Label {
+            Accessible.ignored: header.isGone
             Accessible.role: Accessible.Heading
             elide: Text.ElideRight
             size: 28
@@ -35,6 +40,7 @@ Item {
         }
 
         Label {
+            Accessible.ignored: header.isGone
             color: Theme.palette.label2
             size: 13.5
             text: header.subtitle
@@ -52,12 +58,17 @@ Item {
         x: header.width - width - 40
 
         RescanButton {
+            id: rescanButton
+
+            Accessible.ignored: header.isGone
             anchors.verticalCenter: parent.verticalCenter
             visible: header.canRescan
             onClicked: header.rescan()
         }
 
         Slot {
+            id: trailingSlot
+
             anchors.verticalCenter: parent.verticalCenter
             component: header.trailing
             visible: item !== null

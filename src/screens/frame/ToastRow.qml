@@ -5,7 +5,7 @@ import Zolva.Kit
 import Zolva.Model
 
 // The place of one toast in the stack: it comes in from the trailing edge and leaves towards it.
-Item {
+FocusScope {
     id: row
 
     required property ScreenModel screens
@@ -17,9 +17,15 @@ Item {
     /// back from where it is.
     property real arrival: 0
 
+    signal focusLeft
+
     implicitHeight: toast.implicitHeight
 
     ListView.onRemove: {
+        const hadFocus = activeFocus;
+        enabled = false;
+        if (hadFocus)
+            focusLeft();
         if (!Motion.reduced) {
             ListView.delayRemove = true;
             arrival = 0;

@@ -11,6 +11,9 @@ Item {
     required property ScreenModel model
     readonly property alias count: list.count
 
+    /// The toast that had the focus goes; somebody else has to take it.
+    signal focusLeft
+
     // A list, for a row stays in it until it has left the screen.
     ListView {
         id: list
@@ -29,6 +32,7 @@ Item {
         delegate: ToastRow {
             screens: stack.model
             width: list.width
+            onFocusLeft: stack.focusLeft()
         }
         displaced: Transition {
             enabled: !Motion.reduced

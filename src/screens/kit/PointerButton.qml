@@ -16,6 +16,7 @@ T.AbstractButton {
     property int spokenRole: Accessible.Button
     property real ringRadius: 6
     property real ringInset: -3
+    property color ringColor: Theme.palette.accent
 
     function press(): void {
         if (!enabled)
@@ -63,6 +64,7 @@ T.AbstractButton {
     }
 
     FocusRing {
+        border.color: button.ringColor
         inset: button.ringInset
         ringRadius: button.ringRadius
         visible: button.visualFocus

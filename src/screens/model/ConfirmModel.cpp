@@ -59,6 +59,10 @@ void ConfirmModel::refresh()
             m_words = std::move(words);
             Q_EMIT changed();
         }
+        const QString subject = QString::fromStdString(*sheet);
+        if (std::exchange(m_subject, subject) != subject) {
+            Q_EMIT subjectChanged();
+        }
     }
     // The words first, so that nobody sees the sheet open with those of an earlier one.
     if (std::exchange(m_isOpen, sheet.has_value()) != sheet.has_value()) {

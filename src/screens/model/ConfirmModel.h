@@ -19,6 +19,8 @@ class ConfirmModel final : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("belongs to the ScreenModel")
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
+    /// Which sheet it is; the earlier one while none is up.
+    Q_PROPERTY(QString subject READ subject NOTIFY subjectChanged)
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString body READ body NOTIFY changed)
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
@@ -30,6 +32,7 @@ public:
     explicit ConfirmModel(AppModel& model, QObject* parent = nullptr);
 
     [[nodiscard]] bool isOpen() const { return m_isOpen; }
+    [[nodiscard]] QString subject() const { return m_subject; }
     [[nodiscard]] QString title() const { return m_words.title; }
     [[nodiscard]] QString body() const { return m_words.body; }
     [[nodiscard]] QString symbol() const { return m_words.symbol; }
@@ -42,6 +45,7 @@ public:
 
 Q_SIGNALS:
     void isOpenChanged();
+    void subjectChanged();
     void changed();
 
 private:
@@ -51,6 +55,7 @@ private:
 
     AppModel& m_model;
     bool m_isOpen = false;
+    QString m_subject;
     ConfirmWords m_words;
 };
 

@@ -17,10 +17,18 @@ FocusScope {
 
     signal closeWanted
 
-    // The overlay has had the focus; it goes back to where it was.
+    /// To the overlay that wants its answer; where there is none, to where it was on the desk.
+    function giveFocusBack() {
+        if (!isCovered)
+            desk.forceActiveFocus(keeper.reason);
+        for (const overlay of [sheet, intro, alert])
+            overlay.takeFocus();
+    }
+
+    // The overlay has had the focus.
     onIsCoveredChanged: {
         if (!isCovered)
-            Qt.callLater(desk.forceActiveFocus, Qt.PopupFocusReason);
+            Qt.callLater(root.giveFocusBack);
     }
 
     Binding {
@@ -52,6 +60,8 @@ FocusScope {
         }
 
         ContentColumn {
+            id: column
+
             height: parent.height
             model: root.model
             width: parent.width - x
@@ -65,18 +75,24 @@ FocusScope {
     }
 
     ConfirmSheet {
+        id: sheet
+
         anchors.fill: parent
         isBehind: root.isHeld
         model: root.model
     }
 
     AccessIntro {
+        id: intro
+
         access: root.model.access
         anchors.fill: parent
         isBehind: root.model.quit.isAsking
     }
 
     QuitAlert {
+        id: alert
+
         anchors.fill: parent
         quit: root.model.quit
     }
@@ -84,6 +100,15 @@ FocusScope {
     ToastStack {
         anchors.fill: parent
         model: root.model
+        onFocusLeft: root.giveFocusBack()
+    }
+
+    FocusKeeper {
+        id: keeper
+
+        ground: desk
+        regions: [column, sidebar]
+        onLost: root.giveFocusBack()
     }
 
     WindowKeys {

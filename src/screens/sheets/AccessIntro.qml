@@ -14,6 +14,7 @@ OverlayCard {
     closesOnScrim: false
     firstFocus: notNow
     isOpen: access.introShown
+    spokenBody: access.introText
     spokenName: access.introSpoken
 
     onCancelled: access.dismissIntro(false)

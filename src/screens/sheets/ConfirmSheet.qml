@@ -14,9 +14,19 @@ OverlayCard {
 
     firstFocus: cancelButton
     isOpen: confirm.isOpen
+    spokenBody: confirm.body
     spokenName: confirm.title
 
     onCancelled: confirm.cancel()
+
+    // At once: the next press of Return must not confirm what has not been read.
+    Connections {
+        target: sheet.confirm
+
+        function onSubjectChanged() {
+            sheet.takeFocus();
+        }
+    }
 
     Mascot {
         Layout.alignment: Qt.AlignHCenter

@@ -13,6 +13,8 @@ FocusScope {
     property bool isBehind: false
     property bool closesOnScrim: true
     property string spokenName
+    /// What it asks or tells in full, for those who do not see it.
+    property string spokenBody
     /// What has the focus when the card appears.
     property Item firstFocus: null
     readonly property bool isAnswerable: isOpen && !isBehind
@@ -68,6 +70,7 @@ FocusScope {
     Item {
         id: card
 
+        Accessible.description: overlay.spokenBody
         Accessible.name: overlay.spokenName
         Accessible.role: Accessible.Dialog
         height: body.implicitHeight + 44

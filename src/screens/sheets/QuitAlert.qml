@@ -14,6 +14,7 @@ OverlayCard {
     closesOnScrim: false
     firstFocus: keepGoing
     isOpen: quit.isAsking
+    spokenBody: quit.detail
     spokenName: quit.message
 
     onCancelled: quit.keepGoing()

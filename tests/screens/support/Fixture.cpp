@@ -8,6 +8,10 @@
 
 #include <QJSEngine>
 
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <string>
 #include <utility>
 
 namespace zolva::test {
@@ -45,6 +49,30 @@ void noteInto(QStringList& calls, const char* name, Call& call)
     };
 }
 
+/// Where the run's thread waits while the disk is held.
+class Gate
+{
+public:
+    void set(bool isShut)
+    {
+        {
+            const std::lock_guard guard(m_guard);
+            m_isShut = isShut;
+        }
+        m_changed.notify_all();
+    }
+    void pass()
+    {
+        std::unique_lock guard(m_guard);
+        m_changed.wait(guard, [this] { return !m_isShut; });
+    }
+
+private:
+    std::mutex m_guard;
+    std::condition_variable m_changed;
+    bool m_isShut = false;
+};
+
 BannerKind kindFrom(const QString& kind)
 {
     if (kind == QStringLiteral("warning")) {
@@ -69,13 +97,19 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
     }
-    ~World() override { screen.reset(); }
+    ~World() override
+    {
+        gate->set(false);
+        screen.reset();
+    }
 
     TempTree tree;
     QStringList calls;
+    std::shared_ptr<Gate> gate = std::make_shared<Gate>();
     ModelWorld fakes{tree.path("logs")};
     std::unique_ptr<ScreenModel> screen;
 };
@@ -336,6 +370,16 @@ void Fixture::setBulk(const QString& title, int total, int done, const QString& 
 void Fixture::clearBulk()
 {
     app().removal().runs().setBulk(std::nullopt);
+}
+
+void Fixture::holdDisk()
+{
+    m_world->gate->set(true);
+}
+
+void Fixture::letDiskGo()
+{
+    m_world->gate->set(false);
 }
 
 QUuid Fixture::addToast(const QString& kind, const QString& text, const QString& actionTitle)

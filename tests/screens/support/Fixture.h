@@ -84,6 +84,9 @@ public:
     /// As a run tells its progress.
     Q_INVOKABLE void setBulk(const QString& title, int total, int done, const QString& current);
     Q_INVOKABLE void clearBulk();
+    /// Whatever is to be moved to the Trash waits before it goes, until the disk is let go.
+    Q_INVOKABLE void holdDisk();
+    Q_INVOKABLE void letDiskGo();
     /// `kind` is "info", "warning" or "success"; without a title there is no action. Gives its id.
     Q_INVOKABLE QUuid addToast(const QString& kind, const QString& text,
                                const QString& actionTitle = {});
