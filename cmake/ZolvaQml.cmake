@@ -26,6 +26,9 @@ function(zolva_qml name uri)
         target_compile_options(zolva_${name}_qmlcache PRIVATE -w) # not ours
     endif()
     target_link_libraries(zolva_${name} PUBLIC zolva_settings Qt6::Quick ${QML_LINKS})
+    # Ninja would miss a new header with Q_OBJECT otherwise.
+    file(GLOB headers CONFIGURE_DEPENDS "*.h")
+    set_target_properties(zolva_${name} PROPERTIES AUTOGEN_TARGET_DEPENDS "${headers}")
     target_include_directories(zolva_${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_compile_definitions(zolva_${name} PUBLIC QT_NO_KEYWORDS QT_NO_FOREACH)
     set_property(GLOBAL APPEND PROPERTY ZOLVA_QML_MODULES ${name})
