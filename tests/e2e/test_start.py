@@ -82,6 +82,12 @@ class Start(WindowCase):
         self.bus.type_key("Control", "q")
         self.assert_ends()
 
+    def test_quitting_in_the_middle_of_a_scan_leaves_in_order(self):
+        self.start()
+        self.button("Scan").press()
+        self.bus.type_key("Control", "q")
+        self.assert_ends()
+
     def test_a_second_start_brings_the_window_back_and_ends(self):
         window = self.start()
         self.wait(lambda: "active" in window.states, "an active window")
