@@ -66,6 +66,9 @@ class CleanCase(WindowCase):
         marks = (" [checked]" if is_ticked and row.removable else "") + (
             "" if row.removable else " [disabled]")
         opener = "Hides the list of paths" if is_open else "Shows the list of paths"
+        if not row.removable:
+            # The only one of the two that the keyboard comes to.
+            opener = row.value(False) + ". " + opener
         lines = ["push button: %s | %s. %s%s" % (row.name, row.value(is_ticked), HINT, marks),
                  "push button: %s | %s" % (row.name, opener)]
         if is_open:

@@ -98,6 +98,11 @@ class Start(WindowCase):
         self.assert_goes_on()
         self.wait(lambda: "active" in window.states, "the window in front again")
 
+    def test_control_and_w_close_the_window(self):
+        self.start()
+        self.bus.type_key("Control", "w")
+        self.assert_ends()
+
     def test_a_closed_window_ends_it_where_nothing_would_be_left_of_it(self):
         self.start()
         self.bus.type_key("Alt", "F4")
