@@ -184,7 +184,7 @@ TEST(AnalyzeCommand, ShowsTheOverviewWithWhatIsAvailable)
     EXPECT_THAT(outcome.out, HasSubstr("they do not add up."));
 }
 
-TEST(AnalyzeCommand, AsksTheSystemOnceForEachFileOfAFolder)
+TEST(AnalyzeCommandSystemCalls, AskOnceForEachFileOfAFolder)
 {
     TempTree tree;
     for (int i = 0; i < 20; ++i) {

@@ -14,9 +14,11 @@ namespace {
 /// Each literal that the screens' sources use for a symbol, with the file it stands in.
 QMap<QString, QString> namesInSources()
 {
-    // What is handed to something named like a symbol, and every text that can be nothing else.
+    // What is handed to something named like a symbol, but not what that is compared with; and
+    // every text that can be nothing else.
     static const QRegularExpression named(
-        QStringLiteral("\\b(?:name|icon|symbol):[^\\n;]*?\"([a-z0-9.]+)\""));
+        QStringLiteral("\\b(?:name|icon|symbol):(?:[^\\n;\"]*=== \"[^\"]*\")*[^\\n;\"]*"
+                       "\"([a-z0-9.]+)\""));
     static const QRegularExpression dotted(QStringLiteral("\"([a-z0-9]+(?:\\.[a-z0-9]+)+)\""));
     QMap<QString, QString> names;
     QDirIterator files(QStringLiteral(ZOLVA_SCREENS), {"*.qml", "*.h", "*.cpp"}, QDir::Files,
