@@ -123,7 +123,7 @@ QImage symbolImage(const SymbolLook& look)
     const QString key = keyOf(look.name, look.pixels, look.weight, look.color);
     if (const QImage* known = cache<QImage>().object(key))
         return *known;
-    const QImage image = draw(look);
+    QImage image = draw(look);
     cache<QImage>().insert(key, new QImage(image), costOf(image));
     return image;
 }
@@ -135,7 +135,7 @@ BlurredImage blurredSymbolImage(const QString& name, qreal size, qreal blur, con
     const QString key = keyOf(name, size, blur, color);
     if (const BlurredImage* known = cache<BlurredImage>().object(key))
         return *known;
-    const BlurredImage blurred = drawBlurred(name, size, blur, color);
+    BlurredImage blurred = drawBlurred(name, size, blur, color);
     cache<BlurredImage>().insert(key, new BlurredImage(blurred), costOf(blurred.image));
     return blurred;
 }
