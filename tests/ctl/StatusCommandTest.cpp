@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cerrno>
+#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,9 +82,13 @@ TEST(StatusCommand, WatchShowsOneBlockForEachReadingWhereNothingCanBeRedrawn)
     EXPECT_THAT(outcome.out, StartsWith(sampleLines));
     EXPECT_THAT(outcome.out, HasSubstr("\n\n" + sampleLines));
     EXPECT_THAT(outcome.out, Not(HasSubstr("\x1b")));
-    EXPECT_EQ(
-        outcome.out,
-        tools.command({"status", "--watch"}).variable("TERM", "dumb").outputOnTerminal().run().out);
+    // The room of the real volume may change from one run to the next.
+    const auto withoutSpace = [](const std::string& text) {
+        return std::regex_replace(text, std::regex("Free space[^\n]*"), "Free space");
+    };
+    const Outcome dumb =
+        tools.command({"status", "--watch"}).variable("TERM", "dumb").outputOnTerminal().run();
+    EXPECT_EQ(withoutSpace(outcome.out), withoutSpace(dumb.out));
 }
 
 TEST(StatusCommand, WatchRedrawsInPlaceOnATerminal)
