@@ -52,7 +52,6 @@ TEST(ExclusionRulesOracle, AgreesOnEveryGeneratedPathAndList)
         const test::ScopedVariable variable("HOME", home);
         NastyPaths paths(++seed, home);
         std::vector<std::string> list;
-        std::string earlier;
         for (std::size_t i = 0; i < each; ++i) {
             const std::string path = paths.path();
             list.resize(paths.below(4));
@@ -67,10 +66,6 @@ TEST(ExclusionRulesOracle, AgreesOnEveryGeneratedPathAndList)
             ASSERT_EQ(rules.covers(path), expected)
                 << "of " << ::testing::PrintToString(path) << " by the prepared "
                 << ::testing::PrintToString(list) << " at home " << home;
-            ASSERT_EQ(rules.covers(earlier), naiveExcluded(earlier, list, home))
-                << "of " << ::testing::PrintToString(earlier) << " by the prepared "
-                << ::testing::PrintToString(list) << " at home " << home;
-            earlier = path;
             ++verdicts[expected ? 1 : 0];
         }
     }
