@@ -271,6 +271,7 @@ int scroll()
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
     engine.load(QUrl(QStringLiteral("qrc:/qml/Zolva/Root/MainWindow.qml")));
     QQuickWindow& window = shownWindow();
+    window.show();
     model.go("clean");
     turnUntilDrawn(window);
     model.clean()->scan();

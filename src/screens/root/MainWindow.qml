@@ -5,7 +5,7 @@ import Zolva.Model
 import Zolva.Root
 
 // The one window. Whether it hides or the program ends when somebody closes it is the program's
-// decision.
+// decision; so is when it is shown first.
 Window {
     id: window
 
@@ -18,7 +18,6 @@ Window {
     minimumHeight: 660
     minimumWidth: 980
     title: "Zolva"
-    visible: true
     width: 1220
 
     onClosing: close => {
