@@ -2,6 +2,10 @@
 
 #include "platform/MoveNoReplace.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -25,6 +29,24 @@ std::string ownName()
 }
 
 } // namespace
+
+FileDescriptor openOwnFolder(int parent, const char* name)
+{
+    if (::mkdirat(parent, name, 0700) != 0 && errno != EEXIST) {
+        return FileDescriptor();
+    }
+    FileDescriptor folder(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status
+    {};
+    if (!folder.isOpen() || ::fstat(folder.get(), &status) != 0) {
+        return FileDescriptor();
+    }
+    if (status.st_uid != ::geteuid() || (status.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
+        errno = EPERM;
+        return FileDescriptor();
+    }
+    return folder;
+}
 
 tl::expected<std::string, int> expunge(int folder, const std::string& name,
                                        const FileIdentity& expected, int expunged)

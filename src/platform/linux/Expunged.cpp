@@ -1,8 +1,6 @@
 #include "platform/Expunge.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 
@@ -36,22 +34,10 @@ FileDescriptor openExpunged(const PinnedTrash& trash)
         return FileDescriptor();
     }
     errno = ESTALE;
-    if (!isTheirTrash(whole.get(), trash) ||
-        (::mkdirat(whole.get(), folderName, 0700) != 0 && errno != EEXIST)) {
+    if (!isTheirTrash(whole.get(), trash)) {
         return FileDescriptor();
     }
-    FileDescriptor folder(
-        ::openat(whole.get(), folderName, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    struct stat status
-    {};
-    if (!folder.isOpen() || ::fstat(folder.get(), &status) != 0) {
-        return FileDescriptor();
-    }
-    if (status.st_uid != ::geteuid() || (status.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
-        errno = EPERM;
-        return FileDescriptor();
-    }
-    return folder;
+    return openOwnFolder(whole.get(), folderName);
 }
 
 } // namespace zolva
