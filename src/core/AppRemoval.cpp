@@ -86,11 +86,6 @@ std::int64_t AppRemoval::selectedCategoryCount() const
     return zolva::selectedCategoryCount(m_model.lists.sel());
 }
 
-QString AppRemoval::cleanNote() const
-{
-    return zolva::cleanNote(categories(), whitelist(), m_model.settings.keepInTrash());
-}
-
 std::vector<Project> AppRemoval::selectedProjects() const
 {
     return zolva::selectedProjects(projects(), m_model.lists.projPicked(), whitelist());

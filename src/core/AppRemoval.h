@@ -60,8 +60,6 @@ public:
     [[nodiscard]] std::vector<CatPath> selectedCleanPaths() const;
     [[nodiscard]] std::int64_t selectedCleanBytes() const;
     [[nodiscard]] std::int64_t selectedCategoryCount() const;
-    /// The line under the list of categories.
-    [[nodiscard]] QString cleanNote() const;
     [[nodiscard]] std::vector<Project> selectedProjects() const;
     [[nodiscard]] std::int64_t selectedProjectBytes() const;
     /// Of the last scan.

@@ -114,18 +114,17 @@ TEST(RunSelection, TakesInstallersByTheirPathsAndLeavesExclusionsToTheRun)
     EXPECT_EQ(bytesOf(selected), 2);
 }
 
-TEST(CleanNote, CountsWhatIsProtectedOrExcludedInEveryCategory)
+TEST(CleanNote, TellsHowManyPathsStay)
 {
-    EXPECT_EQ(cleanNote(categories, {}, true), "1 path protected and skipped.");
-    EXPECT_EQ(cleanNote(categories, {"/h/a2", "/h/b1"}, false), "2 paths protected and skipped.");
+    EXPECT_EQ(cleanNote(1, true), "1 path protected and skipped.");
+    EXPECT_EQ(cleanNote(2, false), "2 paths protected and skipped.");
 }
 
 TEST(CleanNote, OtherwiseSaysWhatBecomesOfTheSelection)
 {
-    const std::vector<Category> free{category("B", {catPath("/h/b1", 40)})};
-    EXPECT_EQ(cleanNote(free, {}, true),
+    EXPECT_EQ(cleanNote(0, true),
               "Everything selected goes to the Trash. Your Mac rebuilds these on its own.");
-    EXPECT_EQ(cleanNote({}, {}, false),
+    EXPECT_EQ(cleanNote(0, false),
               "Everything selected is deleted for good. Your Mac rebuilds these on its own.");
 }
 

@@ -174,18 +174,6 @@ std::int64_t removableBytes(const Category& category, const ExclusionRules& rule
     return bytes;
 }
 
-QString cleanNote(const std::vector<Category>& categories, const Whitelist& whitelist,
-                  bool keepInTrash)
-{
-    const ExclusionRules rules(whitelist);
-    std::int64_t skipped = 0;
-    for (const Category& category : categories) {
-        skipped += std::count_if(category.paths.begin(), category.paths.end(),
-                                 [&rules](const CatPath& path) { return !mayGo(path, rules); });
-    }
-    return cleanNote(skipped, keepInTrash);
-}
-
 QString cleanNote(std::int64_t skipped, bool keepInTrash)
 {
     if (skipped > 0) {

@@ -60,10 +60,7 @@ selectedInstallers(const std::vector<InstallerItem>& installers,
 /// The same of one category.
 [[nodiscard]] std::int64_t removableBytes(const Category& category, const ExclusionRules& rules);
 
-/// The line under the list of categories.
-[[nodiscard]] QString cleanNote(const std::vector<Category>& categories, const Whitelist& whitelist,
-                                bool keepInTrash);
-/// The same where the protected and excluded paths are already counted.
+/// The line under the list of categories; `skipped` counts the protected and excluded paths of all.
 [[nodiscard]] QString cleanNote(std::int64_t skipped, bool keepInTrash);
 
 /// What the sheets would be about.
