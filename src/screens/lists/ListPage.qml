@@ -56,17 +56,10 @@ FocusScope {
 
         onRescan: page.list.rescan()
 
-        // One for all rows.
-        TapHandler {
-            acceptedButtons: Qt.RightButton
+        RowTap {
+            view: scroll.listView
 
-            onTapped: event => {
-                const view = scroll.listView;
-                const at = scroll.mapToItem(view.contentItem, event.position);
-                const row = view.itemAt(at.x, at.y) as ListRow;
-                if (row)
-                    page.menuWanted(row, Qt.point(at.x - row.x, at.y - row.y));
-            }
+            onMenuWanted: (row, at) => page.menuWanted(row, at)
         }
     }
 

@@ -129,6 +129,7 @@ void AnalyzeModel::revealFile(int row)
 
 void AnalyzeModel::analyze(std::string path)
 {
+    Q_EMIT leaving();
     m_cameFrom = m_model.live().analyzePath();
     unawaited(m_model.live().analyze(std::move(path)));
 }

@@ -68,6 +68,7 @@ public:
     Q_INVOKABLE void revealFile(int row);
 
 Q_SIGNALS:
+    void leaving(); ///< for another place
     void pageChanged();
     void changed();
 

@@ -1,0 +1,45 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Zolva.Kit
+import Zolva.Lists
+
+// The menu of whichever row it was opened for.
+PopupMenu {
+    id: menu
+
+    /// Of the row, which has no key in some lists: what can be done is done with these.
+    property string rowId
+    property int place: -1
+    property ListRow row: null
+    /// The keyboard was on the row, and goes back there.
+    property bool hadFocus: false
+
+    function openFor(wanted: ListRow, at: point) {
+        row = wanted;
+        rowId = (wanted as TickRow)?.rowId ?? "";
+        place = wanted.index;
+        hadFocus = wanted.activeFocus;
+        const there = wanted.mapToItem(parent, at);
+        popup(there.x, there.y);
+    }
+
+    onClosed: {
+        if (row && hadFocus)
+            row.takeFocus();
+        row = null;
+    }
+
+    // It does not outlive the page, nor stand over what covers it.
+    Connections {
+        function onEnabledChanged() {
+            if (!menu.parent.enabled)
+                menu.close();
+        }
+        function onVisibleChanged() {
+            if (!menu.parent.visible)
+                menu.close();
+        }
+
+        target: menu.parent
+    }
+}
