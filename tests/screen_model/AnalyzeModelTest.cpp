@@ -232,7 +232,7 @@ TEST_F(TheAnalyzeScreen, MovesALargeFileAtOnceWithoutASheet)
     analyze.moveFile(0);
     analyze.moveFile(1);
     EXPECT_FALSE(m.sheet());
-    EXPECT_EQ(disk->changes(), Texts{"trash " + iso});
+    EXPECT_EQ(disk->changes(), Texts{"move " + iso});
     ASSERT_EQ(m.toasts().toasts().size(), 1U);
     EXPECT_EQ(m.toasts().toasts().front().text, "Moved 2.0 MB to the Trash");
 }

@@ -230,6 +230,41 @@ Item {
         fixture.addToast("warning", "Skipped 4 items: 4 paths couldn't be removed");
     }
 
+    AnalyzeShots {
+        id: places
+
+        fixture: stage.fixture
+    }
+
+    function analyzeWelcome() {
+        fixture.model.go("analyze");
+    }
+
+    function analyzeScanning() {
+        places.walk();
+    }
+
+    function analyzeOverview() {
+        places.overview();
+    }
+
+    function analyzeFolder() {
+        places.folder();
+    }
+
+    function analyzeTrashed() {
+        places.folder();
+        fixture.model.analyze.moveFile(0);
+    }
+
+    function analyzeDeep() {
+        places.deep();
+    }
+
+    function analyzeEmpty() {
+        places.empty();
+    }
+
     function intro() {
         fixture.setBlocked(["Downloads", "Desktop", "iCloud Drive"]);
         fixture.showIntro();
