@@ -115,6 +115,37 @@ FindingCase {
         waitForRendering(made);
         compare(made.offset, 0);
     }
+    function test_aPageOpensAtItsTopHoweverManyRowsItHas() {
+        for (let rows = 0; rows <= 16; ++rows) {
+            const made = page({
+                "header": growing,
+                "model": rows,
+                "subtitle": "Rebuilt when needed",
+                "trailing": growing
+            });
+            waitForRendering(made, 50);
+            compare(made.offset, 0, rows + " rows");
+            compare(barOf(made).progress, 0, rows + " rows");
+            made.destroy();
+        }
+    }
+    function test_thePageStaysAtItsTopWhileItIsResizedHoweverManyRowsItHas() {
+        for (let rows = 0; rows <= 16; ++rows) {
+            const made = page({
+                "header": growing,
+                "model": rows,
+                "subtitle": "Rebuilt when needed, ".repeat(6)
+            });
+            waitForRendering(made, 50);
+            for (const [width, height] of [[300, 500], [700, 300], [120, 500], [700, 500]]) {
+                made.width = width;
+                made.height = height;
+                waitForRendering(made, 50);
+                compare(made.offset, 0, rows + " rows, " + width + " by " + height);
+            }
+            made.destroy();
+        }
+    }
     function test_ofTenThousandRowsOnlyThoseInSightAreMade() {
         const made = page({
             "model": 10000

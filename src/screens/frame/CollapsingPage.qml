@@ -76,8 +76,10 @@ FocusScope {
         ListView {
             id: list
 
-            // The page stays at its top while what is above the rows grows or shrinks.
+            // The page stays at its top while what is above the rows grows or shrinks. The list has
+            // moved by itself before it tells of that.
             property real lastOrigin: 0
+            property real lastY: 0
 
             boundsBehavior: Flickable.StopAtBounds
             cacheBuffer: 400
@@ -131,8 +133,9 @@ FocusScope {
                 topPadding: bar.height + 3
             }
 
+            onContentYChanged: lastY = contentY
             onOriginYChanged: {
-                const wasAtTop = Math.abs(contentY - lastOrigin) <= 0.5;
+                const wasAtTop = Math.abs(lastY - lastOrigin) <= 0.5;
                 lastOrigin = originY;
                 if (wasAtTop)
                     contentY = originY;
