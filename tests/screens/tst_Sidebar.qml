@@ -64,6 +64,29 @@ FindingCase {
         compare(sidebar.listView.y, 54);
         compare(entry(0).row.height, 46);
     }
+    function test_theRowsStandOneBelowTheOtherWhicheverIsActiveFromTheBeginning_data() {
+        return ["home", "clean", "uninstall", "settings"].map(id => ({
+                    "tag": id
+                }));
+    }
+    function test_theRowsStandOneBelowTheOtherWhicheverIsActiveFromTheBeginning(data) {
+        // Active before its row was made: a list without a height makes only the first one.
+        const made = createTemporaryObject(sidebars, test, {
+            "height": 0,
+            "model": fixture.model
+        });
+        made.height = 660;
+        fixture.model.go(data.tag);
+        tryVerify(() => made.listView.itemAtIndex(7) !== null);
+        made.height = 812;
+        waitForRendering(made, 50);
+        for (let i = 0, y = 0; i < 8; ++i) {
+            const each = made.listView.itemAtIndex(i);
+            compare(each.y, y);
+            y += each.height;
+        }
+        made.destroy();
+    }
     function test_onlyTheRowOfTheScreenIsActive() {
         compare(activeRows(), ["home"]);
         fixture.model.go("analyze");
