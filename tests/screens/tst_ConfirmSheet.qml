@@ -188,6 +188,29 @@ ScreenCase {
         compare(list.contentY, 0);
     }
 
+    function test_theListIsShownFromItsBeginningEachTime() {
+        fixture.installers(15);
+        fixture.pickAll("installer");
+        fixture.projects(15);
+        fixture.pickAll("purge");
+        open("installer");
+        const list = spoken("What will be removed");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Down);
+        verify(list.contentY > 0);
+        press(Qt.Key_Escape);
+        verify(!fixture.model.confirm.isOpen);
+        fixture.openSheet("installer");
+        settle();
+        compare(list.contentY, 0);
+        list.forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Down);
+        verify(list.contentY > 0);
+        fixture.openSheet("purge");
+        settle();
+        compare(list.contentY, 0);
+    }
+
     function test_aShortListIsOnlyAsHighAsItsRows() {
         fixture.installers(2);
         fixture.pickAll("installer");
