@@ -48,14 +48,6 @@ private:
 class ScreenBench : public WholeModel
 {
 protected:
-    static CatPath path(const std::string& where, std::int64_t bytes, bool prot = false)
-    {
-        CatPath one;
-        one.p = where;
-        one.b = bytes;
-        one.prot = prot;
-        return one;
-    }
     static std::vector<CatPath> paths(std::size_t count, std::int64_t bytes = 1000)
     {
         std::vector<CatPath> all;
@@ -64,30 +56,7 @@ protected:
         }
         return all;
     }
-    static Category cache(const std::string& id, std::vector<CatPath> all)
-    {
-        Category one = category(id);
-        one.paths = std::move(all);
-        return one;
-    }
-    static Project built(const std::string& where, std::int64_t bytes)
-    {
-        Project one = project(where);
-        one.b = bytes;
-        return one;
-    }
-    static InstallerItem image(const std::string& where, std::int64_t bytes)
-    {
-        InstallerItem one = installer(where);
-        one.b = bytes;
-        return one;
-    }
 
-    AppModel& ready()
-    {
-        store.values["zolva.seenAccessIntro"] = true;
-        return start();
-    }
     void scanned(AppModel& m, std::vector<Category> found)
     {
         unawaited(m.scanClean(true));

@@ -126,10 +126,14 @@ class WindowCase(unittest.TestCase):
             self.fail("\n".join(diff))
 
     def focused(self):
-        """What the keys go to."""
-        try:
-            return next((node for node in self.window().walk() if "focused" in node.states
+        """What the keys go to; what that stands in is told as focused, too."""
+        def below(top):
+            return next((node for node in top.walk() if node != top and "focused" in node.states
                          and "active" not in node.states), None)
+
+        try:
+            at = below(self.window())
+            return at and below(at) or at
         except Gone:
             return None
 
@@ -139,6 +143,34 @@ class WindowCase(unittest.TestCase):
             return at if at and at.name == name else None
 
         return self.wait(look, "the focus on “%s”" % name)
+
+    def tab_to(self, name):
+        """Presses Tab until the focus is there, at most as often as there are things."""
+        for _ in range(40):
+            at = self.focused()
+            if at and at.name == name:
+                return
+            self.tab()
+        self.fail("Tab does not come to “%s”" % name)
+
+    def tab(self):
+        """Presses Tab once; what has the focus then, if anything has it."""
+        at = self.focused()
+        self.bus.type_key("Tab")
+
+        def look():
+            now = self.focused()
+            return now if now and now != at else None
+
+        return self.bus.wait(look, 5)
+
+    def assert_tabs(self, names):
+        """The Tab key comes to these, one after the other, from where the focus is."""
+        came = []
+        for _ in names:
+            at = self.tab()
+            came.append(at.name if at else None)
+        self.assertEqual(came, names)
 
     # What stands on every page
 
