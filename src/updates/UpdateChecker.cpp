@@ -1,10 +1,10 @@
 #include "updates/UpdateChecker.h"
 
 #include "platform/Utf8Text.h"
+#include "updates/StrictBase64.h"
 
 #include <sodium.h>
 
-#include <cstddef>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -18,21 +18,6 @@ using Bytes = std::vector<unsigned char>;
 tl::unexpected<Failure> failed(Failure::Case which, std::string url = {})
 {
     return tl::unexpected(Failure{which, std::move(url)});
-}
-
-/// Nothing with any other character in it, without its padding, or with more than one reading.
-std::optional<Bytes> decodedBase64(std::string_view text)
-{
-    Bytes bytes(text.size());
-    std::size_t length = 0;
-    const char* end = nullptr;
-    if (sodium_base642bin(bytes.data(), bytes.size(), text.data(), text.size(), nullptr, &length,
-                          &end, sodium_base64_VARIANT_ORIGINAL) != 0 ||
-        end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    bytes.resize(length);
-    return bytes;
 }
 
 bool signatureHolds(std::string_view data, const Bytes& signature, const Bytes& key)
@@ -61,11 +46,11 @@ std::string_view failureText(const Failure& failure)
 tl::expected<UpdateManifest, Failure>
 verifiedManifest(std::string_view data, std::string_view signature, std::string_view publicKey)
 {
-    const std::optional<Bytes> signatureBytes = decodedBase64(trimmedText(signature));
+    const std::optional<Bytes> signatureBytes = strictBase64(trimmedText(signature));
     if (!signatureBytes) {
         return failed(Failure::Case::BadSignature);
     }
-    const std::optional<Bytes> key = decodedBase64(trimmedText(publicKey));
+    const std::optional<Bytes> key = strictBase64(trimmedText(publicKey));
     if (!key || key->size() != crypto_sign_PUBLICKEYBYTES) {
         return failed(Failure::Case::BadSignature);
     }

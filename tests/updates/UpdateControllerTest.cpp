@@ -99,7 +99,7 @@ private:
         checks.push_back(url.toString().toStdString() + " " + key + " " + std::to_string(build));
         stop = std::move(token);
         co_await clock.sleep(checkTakes);
-        co_return result;
+        co_return UpdateCheckResult(result); // QCoro 0.8 would move the member
     }
 };
 

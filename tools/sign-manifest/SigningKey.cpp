@@ -1,9 +1,11 @@
 #include "SigningKey.h"
 
 #include "platform/Utf8Text.h"
+#include "updates/StrictBase64.h"
 
 #include <sodium.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -40,15 +42,12 @@ std::string base64(const std::array<unsigned char, Size>& bytes)
 
 std::optional<Seed> seedFrom(std::string_view secretKey)
 {
-    const std::string_view text = trimmedText(secretKey);
+    const auto bytes = strictBase64(trimmedText(secretKey));
     Seed seed{};
-    std::size_t length = 0;
-    const char* end = nullptr;
-    if (sodium_base642bin(seed.data(), seed.size(), text.data(), text.size(), nullptr, &length,
-                          &end, sodium_base64_VARIANT_ORIGINAL) != 0 ||
-        end != text.data() + text.size() || length != seed.size()) {
+    if (!bytes || bytes->size() != seed.size()) {
         return std::nullopt;
     }
+    std::copy(bytes->begin(), bytes->end(), seed.begin());
     return seed;
 }
 
