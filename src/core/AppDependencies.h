@@ -39,6 +39,8 @@ struct AppDoors
     std::function<void()> trash;
     /// A page of the web, by its whole address.
     std::function<void(const std::string& url)> page;
+    /// The item at the path, selected in its folder; it may begin with a tilde, and be gone.
+    std::function<void(const std::string& path)> reveal;
 };
 
 /// What removals read and change outside this program.

@@ -154,10 +154,12 @@ struct ModelWorld
                     steps.push_back("crashes caught in " + folder);
                 },
             .appearance = &appearance,
-            .doors = {.accessSettings = [this] { steps.emplace_back("access settings opened"); },
-                      .logFolder = [this] { steps.emplace_back("log folder opened"); },
-                      .trash = [this] { steps.emplace_back("Trash opened"); },
-                      .page = [this](const std::string& url) { steps.push_back("page " + url); }},
+            .doors = {
+                .accessSettings = [this] { steps.emplace_back("access settings opened"); },
+                .logFolder = [this] { steps.emplace_back("log folder opened"); },
+                .trash = [this] { steps.emplace_back("Trash opened"); },
+                .page = [this](const std::string& url) { steps.push_back("page " + url); },
+                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); }},
             .updates = {bundle,
                         [this](const QUrl& url, const std::string& key, std::int64_t build,
                                const std::stop_token& /*stop*/) {

@@ -102,6 +102,9 @@ public:
         all.doors.page = [this](const std::string& url) {
             calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
         };
+        all.doors.reveal = [this](const std::string& path) {
+            calls.push_back(QStringLiteral("revealed ") + QString::fromStdString(path));
+        };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
