@@ -37,7 +37,7 @@ TEST_F(TheAppRows, ShowTheLargestFirstWithNameAndSize)
     const AppRows rows(m);
     withFour(m);
     EXPECT_EQ(names(rows), (Texts{"Bravo", "charlie", "Alpha", "delta"}));
-    EXPECT_EQ(column(rows, AppRows::SizeRole), (Texts{"4 KB", "3 KB", "2 KB", "1 KB"}));
+    EXPECT_EQ(column(rows, AppRows::TrailingRole), (Texts{"4 KB", "3 KB", "2 KB", "1 KB"}));
     EXPECT_EQ(column(rows, AppRows::RowIdRole), rows.order());
     EXPECT_EQ(rows.order().front(), id("Bravo"));
 }
@@ -65,7 +65,7 @@ TEST_F(TheAppRows, KeepTicksAndFocusInANewOrder)
     m.live().setApps({id("Alpha")}, true);
     m.setSort("uninstall", SortKey::NameAsc);
     EXPECT_TRUE(isTicked(rows, 0));
-    EXPECT_EQ(rows.tickedCount(), 1U);
+    EXPECT_EQ(rows.allTicked(), 1U);
     EXPECT_TRUE(flagAt(rows, 3, AppRows::InFocusRole)); // the first of the list as it was read
     EXPECT_EQ(rows.focusedRow(), 3);
 }
@@ -104,7 +104,7 @@ TEST_F(TheAppRows, ASearchThatMatchesNothingLeavesAnEmptyListThatIsNotAllTicked)
     search(m, "zz");
     EXPECT_EQ(rows.rowCount(), 0);
     EXPECT_FALSE(rows.isAllTicked());
-    EXPECT_EQ(rows.tickedCount(), 4U);
+    EXPECT_EQ(rows.allTicked(), 4U);
 }
 
 TEST_F(TheAppRows, ComeAndGoOneByOneWithASearch)
@@ -148,7 +148,7 @@ TEST_F(TheAppRows, TellWhatHasChangedAboutAnApplicationThatStays)
     const AppRows rows(m);
     listed(m, {appOf("one", 1000)});
     m.live().storeApps({appOf("one", 5000)});
-    EXPECT_EQ(textAt(rows, 0, AppRows::SizeRole), "5 KB");
+    EXPECT_EQ(textAt(rows, 0, AppRows::TrailingRole), "5 KB");
 }
 
 TEST_F(TheAppRows, ANewListIsSearchedAsWell)
@@ -194,7 +194,7 @@ TEST_F(TheAppRows, TicksOfRowsThatAreNotShownCountToo)
     withFour(m);
     search(m, "alpha");
     m.live().setApps({id("Alpha"), id("Bravo")}, true);
-    EXPECT_EQ(rows.tickedCount(), 2U);
+    EXPECT_EQ(rows.allTicked(), 2U);
     EXPECT_TRUE(rows.isAllTicked());
     search(m, "");
     EXPECT_TRUE(isTicked(rows, 0));
@@ -207,7 +207,7 @@ TEST_F(TheAppRows, TicksOfApplicationsThatAreGoneDoNotCount)
     const AppRows rows(m);
     withFour(m);
     m.live().setApps({"org.nobody/Applications/nobody.app"}, true);
-    EXPECT_EQ(rows.tickedCount(), 0U);
+    EXPECT_EQ(rows.allTicked(), 0U);
 }
 
 TEST_F(TheAppRows, TheFocusMovesFromRowToRow)

@@ -2,12 +2,9 @@
 
 #include "core/AppModel.h"
 
-#include "screens/model/RowChange.h"
+#include "screens/model/ListRows.h"
 
-#include <QAbstractListModel>
-#include <QList>
 #include <QQmlEngine>
-#include <QString>
 
 #include <cstddef>
 #include <memory>
@@ -17,9 +14,8 @@
 namespace zolva {
 
 /// The installed applications as the Uninstall screen shows them: those that are searched for, in
-/// its order. Rows come and go by themselves where that is few of them. Main thread; the model
-/// outlives it.
-class AppRows final : public QAbstractListModel
+/// its order. Main thread; the model outlives it.
+class AppRows final : public ListRows
 {
     Q_OBJECT
     QML_ELEMENT
@@ -28,65 +24,40 @@ class AppRows final : public QAbstractListModel
 public:
     enum Role
     {
-        RowIdRole = Qt::UserRole + 1, ///< "rowId"
-        NameRole,                     ///< "name"
-        SizeRole,                     ///< "size", a text
-        TickedRole,                   ///< "ticked"
-        InFocusRole,                  ///< "inFocus": its leftovers are on show
-        ValueRole,                    ///< "spokenValue"
+        InFocusRole = FirstOwnRole, ///< "inFocus": its leftovers are on show
     };
 
     explicit AppRows(AppModel& model, QObject* parent = nullptr);
 
-    /// The ids of the rows as they are shown.
-    [[nodiscard]] const std::vector<std::string>& order() const { return m_order; }
-    /// Of the row with that id; null where none is shown.
-    [[nodiscard]] const UninstallApp* find(const std::string& id) const;
+    /// Of the row with that key; null where none is shown.
+    [[nodiscard]] const UninstallApp* appOf(const std::string& key) const;
     /// Of all applications, those that are not shown too.
-    [[nodiscard]] std::size_t tickedCount() const { return m_tickedCount; }
-    /// Of those that are shown; no row is not all.
-    [[nodiscard]] bool isAllTicked() const;
+    [[nodiscard]] std::size_t allTicked() const { return m_allTicked; }
     /// The place of the application whose leftovers are on show; -1 where it is not among the rows.
-    [[nodiscard]] int focusedRow() const;
+    [[nodiscard]] Q_INVOKABLE int focusedRow() const;
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
-Q_SIGNALS:
-    void shownChanged(); ///< which rows there are
-    void ticksChanged();
+protected:
+    [[nodiscard]] Rows build() const override;
+    [[nodiscard]] bool isPicked(const std::string& key) const override;
+    [[nodiscard]] QVariant read(const ListRow& row, int role) const override;
 
 private:
-    struct Row
-    {
-        UninstallApp app;
-        std::string id;
-        QString form; ///< of the name, to be searched in; made at the first search
-        bool isTicked = false;
-    };
-    using Rows = std::vector<std::shared_ptr<Row>>;
+    struct Listed;
+    struct Row;
+    using AllListed = std::vector<std::shared_ptr<Listed>>;
 
-    void reload();
-    void reorder();
-    void refilter();
-    void followTicks();
+    void takeApps();
+    void countTicks();
+    void tickRows();
     void followFocus();
+    void list() const;
 
-    void take(std::vector<UninstallApp> apps);
-    void recountTicks();
-    [[nodiscard]] Rows searched() const;
-    [[nodiscard]] static std::vector<std::string> idsOf(const Rows& rows);
-    void show(Rows rows);
-    void change(const RowChange& how, const Rows& rows);
-    void tell(std::size_t first, std::size_t last, const QList<int>& roles);
-
-    AppModel& m_model;
-    Rows m_rows;                      ///< all of them, in the order of the screen
-    Rows m_shown;                     ///< those of them that are searched for
-    std::vector<std::string> m_order; ///< beside the shown ones
-    std::size_t m_tickedCount = 0;
-    SortKey m_key;       ///< the order of the rows
+    // All of them, ordered once for each list and order: a search leaves that as it is.
+    mutable AllListed m_listed;
+    mutable SortKey m_listedBy = SortKey::SizeDesc;
+    std::size_t m_allTicked = 0;
     std::string m_focus; ///< as it was told last; empty for none
 };
 

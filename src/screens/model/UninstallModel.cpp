@@ -58,13 +58,13 @@ void UninstallModel::setQuery(const QString& text)
 
 QString UninstallModel::countText() const
 {
-    return countedApps(m_rows.order().size());
+    return countedApps(m_rows.size());
 }
 
 QString UninstallModel::tickedText() const
 {
-    return m_rows.tickedCount() > 0
-               ? QString::number(m_rows.tickedCount()) + QStringLiteral(" selected")
+    return m_rows.allTicked() > 0
+               ? QString::number(m_rows.allTicked()) + QStringLiteral(" selected")
                : QString();
 }
 
@@ -80,12 +80,12 @@ QString UninstallModel::note() const
 
 QString UninstallModel::buttonTitle() const
 {
-    return uninstallTitle(m_rows.tickedCount());
+    return uninstallTitle(m_rows.allTicked());
 }
 
 bool UninstallModel::canUninstall() const
 {
-    return m_rows.tickedCount() > 0;
+    return m_rows.allTicked() > 0;
 }
 
 void UninstallModel::scan()
@@ -101,7 +101,7 @@ void UninstallModel::rescan()
 
 void UninstallModel::show(const QString& id)
 {
-    if (const UninstallApp* const app = m_rows.find(id.toStdString())) {
+    if (const UninstallApp* const app = m_rows.appOf(id.toStdString())) {
         unawaited(m_model.live().focusApp(*app));
     }
 }
@@ -116,7 +116,8 @@ void UninstallModel::pick(const QString& id, bool shift)
 
 void UninstallModel::toggleAll()
 {
-    m_model.live().setApps(m_rows.order(), !m_rows.isAllTicked());
+    const bool ticked = !m_rows.isAllTicked();
+    m_model.live().setApps(m_rows.keysOfAll(ticked), ticked);
 }
 
 void UninstallModel::uninstall()
