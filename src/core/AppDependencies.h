@@ -36,6 +36,8 @@ struct AppDoors
     std::function<void()> accessSettings; ///< where access to folders is granted
     std::function<void()> logFolder;
     std::function<void()> trash;
+    /// The item at the path, selected in its folder; it may begin with a tilde, and be gone.
+    std::function<void(const std::string& path)> reveal;
 };
 
 /// What removals read and change outside this program.

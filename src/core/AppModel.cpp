@@ -93,6 +93,13 @@ void AppModel::openAccessSettings() const
     }
 }
 
+void AppModel::reveal(const std::string& path) const
+{
+    if (m_doors.reveal) {
+        m_doors.reveal(path);
+    }
+}
+
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)
 {
     if (m_blockedLocations != blocked) {

@@ -89,6 +89,8 @@ public:
     void dismissAccessIntro(bool openSettings);
     /// Where the system lets the user grant access to folders.
     void openAccessSettings() const;
+    /// Shows the item in its folder, in the desktop's own file manager: `tildePath` form or not.
+    void reveal(const std::string& path) const;
 
     /// Every scan, afresh.
     void scanAll();

@@ -15,6 +15,7 @@ inline constexpr auto trash = "No program was found that can open the Trash. It 
 inline constexpr auto logFolder = "No program was found that can open the log folder. It is at ";
 inline constexpr auto accessSettings =
     "No settings program was found. Your file manager can change who may read a folder.";
+inline constexpr auto reveal = "No program was found that can show ";
 } // namespace placewords
 
 /// Where the doors lead, and whom they tell. Paths are bytes and absolute.

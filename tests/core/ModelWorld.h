@@ -152,9 +152,11 @@ struct ModelWorld
                     steps.push_back("crashes caught in " + folder);
                 },
             .appearance = &appearance,
-            .doors = {.accessSettings = [this] { steps.emplace_back("access settings opened"); },
-                      .logFolder = [this] { steps.emplace_back("log folder opened"); },
-                      .trash = [this] { steps.emplace_back("Trash opened"); }},
+            .doors = {
+                .accessSettings = [this] { steps.emplace_back("access settings opened"); },
+                .logFolder = [this] { steps.emplace_back("log folder opened"); },
+                .trash = [this] { steps.emplace_back("Trash opened"); },
+                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); }},
             .steps = which};
     }
 

@@ -15,8 +15,8 @@
 
 namespace zolva::test {
 
-/// What a list of rows has told, one text for each signal: "reset", "moved", "3", "3-5". It is
-/// under the model tester all the while.
+/// What a list of rows has told, one text for each signal: "reset", "moved", "3", "3-5", "gone 3",
+/// "new 3-5". It is under the model tester all the while.
 class ToldRows
 {
 public:
@@ -30,16 +30,29 @@ public:
         QObject::connect(
             rows, &QAbstractItemModel::dataChanged, &m_context,
             [this](const QModelIndex& first, const QModelIndex& last, const QList<int>& which) {
-                const std::string from = std::to_string(first.row());
-                told.push_back(first == last ? from : from + "-" + std::to_string(last.row()));
+                told.push_back(piece(first.row(), last.row()));
                 roles = which;
             });
+        QObject::connect(rows, &QAbstractItemModel::rowsRemoved, &m_context,
+                         [this](const QModelIndex&, int first, int last) {
+                             told.push_back("gone " + piece(first, last));
+                         });
+        QObject::connect(rows, &QAbstractItemModel::rowsInserted, &m_context,
+                         [this](const QModelIndex&, int first, int last) {
+                             told.push_back("new " + piece(first, last));
+                         });
     }
 
     std::vector<std::string> told;
     QList<int> roles; ///< of the last change
 
 private:
+    static std::string piece(int first, int last)
+    {
+        const std::string from = std::to_string(first);
+        return first == last ? from : from + "-" + std::to_string(last);
+    }
+
     QObject m_context;
     QAbstractItemModelTester m_tester;
 };

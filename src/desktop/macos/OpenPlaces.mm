@@ -1,5 +1,9 @@
 #include "desktop/OpenPlaces.h"
 
+#include "async/Background.h"
+#include "async/Unawaited.h"
+#include "desktop/RevealedPlace.h"
+
 #import <AppKit/AppKit.h>
 
 namespace zolva {
@@ -38,13 +42,23 @@ void openAccessSettings(const Places& places)
     }
 }
 
+QCoro::Task<> reveal(std::string path)
+{
+    const RevealedPlace place = co_await background(revealedPlace, path);
+    NSURL* item = [NSURL fileURLWithFileSystemRepresentation:place.item.c_str()
+                                                 isDirectory:place.item == place.folder
+                                               relativeToURL:nil];
+    [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ item ]];
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
 {
     return {.accessSettings = [places] { openAccessSettings(places); },
             .logFolder = [places] { openLogFolder(places); },
-            .trash = [places] { openTrash(places); }};
+            .trash = [places] { openTrash(places); },
+            .reveal = [](const std::string& path) { unawaited(reveal(path)); }};
 }
 
 } // namespace zolva

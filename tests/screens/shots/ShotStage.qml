@@ -191,7 +191,7 @@ Item {
         scanned(caches);
         fixture.model.go("clean");
         fixture.model.clean.pick("Application caches", false);
-        fixture.model.clean.clean();
+        fixture.model.clean.remove();
     }
 
     function sheet14() {

@@ -97,6 +97,9 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        all.doors.reveal = [this](const std::string& path) {
+            calls.push_back(QStringLiteral("revealed ") + QString::fromStdString(path));
+        };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);

@@ -11,7 +11,8 @@ ActionBar {
     id: bar
 
     required property ScreenModel model
-    readonly property CleanModel clean: model.clean
+    required property ListScreenModel list
+    property int linkWeight: Font.Medium
     readonly property bool isBusy: model.bulk.present
 
     height: implicitHeight
@@ -38,8 +39,16 @@ ActionBar {
             Layout.maximumWidth: 420
             color: Theme.palette.label3
             size: 13
-            text: bar.clean.note
+            text: bar.list.note
+            visible: text !== ""
             wrapMode: Text.Wrap
+        }
+
+        Label {
+            color: Theme.palette.label2
+            size: 12.5
+            text: bar.list.countText
+            visible: text !== ""
         }
 
         Item {
@@ -47,22 +56,22 @@ ActionBar {
         }
 
         LinkButton {
-            font: Face.text(13)
+            font: Face.text(13, bar.linkWeight)
             hoverColor: Theme.palette.accentHover
-            title: bar.clean.selectWord
+            title: bar.list.selectWord
 
-            onClicked: bar.clean.toggleAll()
+            onClicked: bar.list.toggleAll()
         }
 
         PillButton {
-            enabled: bar.clean.canClean
+            enabled: bar.list.canRemove
             font: Face.text(13.5, Font.DemiBold)
-            opacity: bar.clean.canClean ? 1 : 0.45
+            opacity: bar.list.canRemove ? 1 : 0.45
             radius: 9
             role: PillButton.Accent
-            title: bar.clean.buttonTitle
+            title: bar.list.buttonTitle
 
-            onClicked: bar.clean.clean()
+            onClicked: bar.list.remove()
         }
     }
 }
