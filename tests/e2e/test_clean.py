@@ -260,16 +260,6 @@ class Clean(CleanCase):
         self.node("alert message", "Moved %s to the Trash" % size)
         self.assert_moved(before, going)
 
-    def tab_to(self, name):
-        """Presses Tab until the focus is there, at most as often as there are things."""
-        for _ in range(40):
-            at = self.focused()
-            if at and at.name == name:
-                return
-            self.bus.type_key("Tab")
-            self.bus.wait(lambda: self.focused() not in (None, at), 5)
-        self.fail("Tab does not come to “%s”" % name)
-
 
 class Exclusions(CleanCase):
 

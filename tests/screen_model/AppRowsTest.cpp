@@ -112,20 +112,22 @@ TEST_F(TheAppRows, ComeAndGoOneByOneWithASearch)
     AppModel& m = ready();
     AppRows rows(m);
     withFour(m);
-    QStringList steps;
-    connect(&rows, &AppRows::rowsRemoved, &rows, [&](const QModelIndex&, int first, int last) {
-        steps.push_back(QStringLiteral("-%1-%2").arg(first).arg(last));
-    });
-    connect(&rows, &AppRows::rowsInserted, &rows, [&](const QModelIndex&, int first, int last) {
-        steps.push_back(QStringLiteral("+%1-%2").arg(first).arg(last));
-    });
+    QStringList moves;
+    QObject::connect(&rows, &AppRows::rowsRemoved, &rows,
+                     [&](const QModelIndex&, int first, int last) {
+                         moves.push_back(QStringLiteral("-%1-%2").arg(first).arg(last));
+                     });
+    QObject::connect(&rows, &AppRows::rowsInserted, &rows,
+                     [&](const QModelIndex&, int first, int last) {
+                         moves.push_back(QStringLiteral("+%1-%2").arg(first).arg(last));
+                     });
     ToldRows told(&rows);
     search(m, "h");
-    EXPECT_EQ(steps, (QStringList{"-3-3", "-0-0"}));
-    steps.clear();
+    EXPECT_EQ(moves, (QStringList{"-3-3", "-0-0"}));
+    moves.clear();
     search(m, "a");
     EXPECT_EQ(names(rows), (Texts{"Bravo", "charlie", "Alpha", "delta"}));
-    EXPECT_EQ(steps, (QStringList{"+0-0", "+3-3"}));
+    EXPECT_EQ(moves, (QStringList{"+0-0", "+3-3"}));
     EXPECT_EQ(told.told.end(), std::find(told.told.begin(), told.told.end(), "reset"));
 }
 

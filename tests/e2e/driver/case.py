@@ -140,6 +140,16 @@ class WindowCase(unittest.TestCase):
 
         return self.wait(look, "the focus on “%s”" % name)
 
+    def tab_to(self, name):
+        """Presses Tab until the focus is there, at most as often as there are things."""
+        for _ in range(40):
+            at = self.focused()
+            if at and at.name == name:
+                return
+            self.bus.type_key("Tab")
+            self.bus.wait(lambda: self.focused() not in (None, at), 5)
+        self.fail("Tab does not come to “%s”" % name)
+
     # What stands on every page
 
     def sidebar(self, selected, chips=None):
