@@ -12,6 +12,11 @@ FocusScope {
     required property UninstallModel uninstall
     readonly property alias listView: list
 
+    function takeFocus() {
+        list.currentIndex = Math.max(0, list.currentIndex);
+        (list.currentItem as AppRow)?.takeFocus();
+    }
+
     Item {
         id: head
 

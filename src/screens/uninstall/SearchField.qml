@@ -14,6 +14,7 @@ T.TextField {
     signal left
 
     Accessible.name: placeholderText
+    Accessible.role: Accessible.EditableText
     color: Theme.palette.label
     font: Face.text(12.5)
     implicitHeight: 30

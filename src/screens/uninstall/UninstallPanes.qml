@@ -13,6 +13,10 @@ FocusScope {
     readonly property alias detail: detail
     readonly property alias bar: bar
 
+    function takeFocus() {
+        list.takeFocus();
+    }
+
     // The boxes of the rows stand below the title of the page.
     AppList {
         id: list

@@ -1,7 +1,6 @@
-// Not bound: it holds components for a header and a slot.
+pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Frame
-import Zolva.Kit
 import Zolva.Model
 import Zolva.Screens.Uninstall
 
@@ -32,7 +31,7 @@ FocusScope {
                 SearchField {
                     query: screen.uninstall.query
 
-                    onLeft: body.item.forceActiveFocus(Qt.TabFocusReason)
+                    onLeft: (body.item as UninstallPanes)?.takeFocus()
                     onSearched: text => screen.uninstall.query = text
                 }
 
