@@ -85,6 +85,24 @@ protected:
         m.scanInstallers();
         installers.answer(installers.count() - 1, std::move(found));
     }
+    static UninstallApp appOf(const std::string& name, std::int64_t bytes)
+    {
+        UninstallApp one = app(name);
+        one.bundleBytes = bytes;
+        return one;
+    }
+    void listed(AppModel& m, const std::vector<UninstallApp>& found)
+    {
+        m.live().forgetApps();
+        unawaited(m.live().loadApps());
+        script.lists.answer(script.lists.count() - 1, AppList(found));
+        held.enrich.answer(held.enrich.count() - 1, found);
+    }
+    /// What the application in focus has left behind.
+    void leftBehind(std::vector<ResidueRow> found) const
+    {
+        held.residue.answer(held.residue.count() - 1, std::move(found));
+    }
     void blind(AppModel& m, const std::vector<std::string>& labels)
     {
         m.scanInstallers();

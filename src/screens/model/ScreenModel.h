@@ -11,6 +11,7 @@
 #include "screens/model/PurgeModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
+#include "screens/model/UninstallModel.h"
 #include "screens/model/UpdateModel.h"
 
 #include <QAbstractItemModel>
@@ -35,6 +36,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
     Q_PROPERTY(zolva::PurgeModel* purge READ purge CONSTANT)
     Q_PROPERTY(zolva::InstallerModel* installer READ installer CONSTANT)
+    Q_PROPERTY(zolva::UninstallModel* uninstall READ uninstall CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
@@ -54,6 +56,7 @@ public:
     [[nodiscard]] CleanModel* clean() { return &m_clean; }
     [[nodiscard]] PurgeModel* purge() { return &m_purge; }
     [[nodiscard]] InstallerModel* installer() { return &m_installer; }
+    [[nodiscard]] UninstallModel* uninstall() { return &m_uninstall; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
@@ -76,6 +79,7 @@ private:
     CleanModel m_clean;
     PurgeModel m_purge;
     InstallerModel m_installer;
+    UninstallModel m_uninstall;
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;

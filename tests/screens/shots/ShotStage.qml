@@ -2,6 +2,7 @@ import QtQuick
 import Zolva.Kit
 import Zolva.Root
 import Zolva.Test
+import "UninstallSamples.js" as Samples
 
 // Brings the window into one of its states, over a model that holds believable things.
 Item {
@@ -280,6 +281,65 @@ Item {
     function installersRun() {
         installersLoaded();
         fixture.setBulk("Removing installers", 2, 1, "~/Desktop/Skylark Chat.dmg");
+    }
+
+    function uninstallWelcome() {
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallScanning() {
+        fixture.model.go("uninstall");
+        fixture.model.uninstall.scan();
+    }
+
+    function uninstallFailed() {
+        fixture.model.go("uninstall");
+        fixture.beginAppsScan();
+        fixture.failAppsScan();
+    }
+
+    function uninstallLooking() {
+        scanned(9);
+        fixture.setApps(Samples.applications);
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallLoaded() {
+        uninstallLooking();
+        fixture.finishLeftovers(Samples.leftovers);
+        for (const name of ["Lumen Editor", "Tern Player"])
+            fixture.model.uninstall.pick(Samples.applications.filter(one => one.name === name).map(one => one.bundleID + one.path)[0], false);
+    }
+
+    function uninstallNothingLeft() {
+        uninstallLooking();
+        fixture.finishLeftovers([]);
+    }
+
+    function uninstallNoMatch() {
+        uninstallLoaded();
+        fixture.model.uninstall.query = "lantern";
+    }
+
+    function uninstallNone() {
+        scanned(9);
+        fixture.setApps([]);
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallSheet() {
+        uninstallLoaded();
+        fixture.model.uninstall.uninstall();
+    }
+
+    function uninstallRun() {
+        uninstallLoaded();
+        fixture.setBulk("Emptying the Trash", 0, 0, "");
+    }
+
+    function uninstallStuck() {
+        uninstallLoaded();
+        fixture.addToast("warning", "Couldn't uninstall 1 app. It may need an administrator password.", "Authenticate…");
     }
 
     function sheetOf(caches: int) {

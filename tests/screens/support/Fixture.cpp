@@ -301,6 +301,19 @@ void Fixture::failAppsScan()
            "the reading of the apps");
 }
 
+void Fixture::finishLeftovers(const QVariantList& rows)
+{
+    finish(m_world->fakes.held.residue, leftoversFrom(rows), "the search for leftovers");
+}
+
+void Fixture::hold(const QString& path, bool adminMayMove)
+{
+    disk().fail(path.toStdString(), "not permitted");
+    if (adminMayMove) {
+        disk().allowAdmin(path.toStdString());
+    }
+}
+
 void Fixture::pickAll(const QString& list, bool picked)
 {
     AppLists::Keys keys;

@@ -56,7 +56,7 @@ public:
     Q_INVOKABLE void setInstallers(const QVariantList& rows);
     /// "~/Downloads/installer1.dmg" …
     Q_INVOKABLE void installers(int count);
-    /// `{name, bundleID, path, source, version, bundleBytes}`
+    /// `{name, bundleID, path, source, size, version, installed, bundleBytes}`, the day in ISO form
     Q_INVOKABLE void setApps(const QVariantList& rows);
     /// "/Applications/App 1.app" …
     Q_INVOKABLE void apps(int count);
@@ -72,6 +72,12 @@ public:
     Q_INVOKABLE void beginAppsScan();
     Q_INVOKABLE void finishAppsScan();
     Q_INVOKABLE void failAppsScan(); ///< the only one that can fail
+    /// The search for the leftovers of the application in focus ends with these:
+    /// `{loc, p, n, b, shared, sharedWith}`
+    Q_INVOKABLE void finishLeftovers(const QVariantList& rows);
+
+    /// It stays on the disk whatever is tried, but for an administrator where that helps.
+    Q_INVOKABLE void hold(const QString& path, bool adminMayMove);
 
     /// Ticks, or unticks, every row of a list: "clean", "purge", "installer" or "uninstall".
     Q_INVOKABLE void pickAll(const QString& list, bool picked = true);
