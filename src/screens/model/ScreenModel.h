@@ -7,6 +7,7 @@
 #include "screens/model/CleanModel.h"
 #include "screens/model/ConfirmModel.h"
 #include "screens/model/HomeModel.h"
+#include "screens/model/MenuPanelModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
 
@@ -34,6 +35,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
     Q_PROPERTY(zolva::QuitModel* quit READ quit CONSTANT)
+    Q_PROPERTY(zolva::MenuPanelModel* menu READ menu CONSTANT)
     /// Rows with `toastId`, `kind` ("info", "warning", "success"), `text` and `actionTitle`.
     Q_PROPERTY(QAbstractItemModel* toasts READ toasts CONSTANT)
 
@@ -50,6 +52,7 @@ public:
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
     [[nodiscard]] QuitModel* quit() { return &m_quit; }
+    [[nodiscard]] MenuPanelModel* menu() { return &m_menu; }
     [[nodiscard]] QAbstractItemModel* toasts() { return &m_model.toasts(); }
 
     Q_INVOKABLE void go(const QString& screen);
@@ -69,6 +72,7 @@ private:
     BulkModel m_bulk;
     AccessModel m_access;
     QuitModel m_quit;
+    MenuPanelModel m_menu;
 };
 
 } // namespace zolva
