@@ -25,6 +25,8 @@ constexpr std::array<Command, 4> commands{{
 
 } // namespace
 
+MenuCommands::MenuCommands(QObject* parent) : QAbstractListModel(parent) {}
+
 MenuCommands::Deed MenuCommands::deedOf(int row)
 {
     return commands.at(static_cast<std::size_t>(row)).deed;

@@ -29,7 +29,7 @@ public:
         Quit
     };
 
-    using QAbstractListModel::QAbstractListModel;
+    explicit MenuCommands(QObject* parent);
 
     [[nodiscard]] static Deed deedOf(int row);
 

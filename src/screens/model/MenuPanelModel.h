@@ -92,7 +92,7 @@ private:
     [[nodiscard]] QString spokenOf(const Row& row) const;
 
     AppModel& m_model;
-    MenuCommands m_commands;
+    MenuCommands m_commands{this};
     QString m_volumeName;
     std::array<Row, 4> m_rows; ///< added up once per change, like the two below
     std::int64_t m_total = 0;
