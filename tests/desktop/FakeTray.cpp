@@ -93,4 +93,10 @@ bool FakeTray::handleMessage(const QDBusMessage& message, const QDBusConnection&
     return false;
 }
 
+HeardSignals::HeardSignals(QDBusConnection bus, const QString& path, const QString& interface,
+                           const QString& signal)
+{
+    bus.connect({}, path, interface, signal, this, SLOT(hear()));
+}
+
 } // namespace zolva::test

@@ -43,4 +43,22 @@ private:
     bool m_refuses = false;
 };
 
+/// Counts one signal of any object under that path.
+class HeardSignals final : public QObject
+{
+    Q_OBJECT
+
+public:
+    HeardSignals(QDBusConnection bus, const QString& path, const QString& interface,
+                 const QString& signal);
+
+    [[nodiscard]] int count() const { return m_count; }
+
+private Q_SLOTS:
+    void hear() { ++m_count; }
+
+private:
+    int m_count = 0;
+};
+
 } // namespace zolva::test

@@ -216,41 +216,24 @@ TEST_F(Item, PictureIsDarkOnLightAndLightOnDark)
     EXPECT_EQ(inkOf(dark.back()).argb, (std::vector{255, 255, 255, 255}));
 }
 
-/// Counts the signals that come from an item over the bus.
-class Listener : public QObject
-{
-    Q_OBJECT
-
-public:
-    Listener(QDBusConnection bus, const QString& path, const QString& interface,
-             const QString& signal)
-    {
-        bus.connect({}, path, interface, signal, this, SLOT(hear()));
-    }
-    int count = 0;
-
-public Q_SLOTS:
-    void hear() { ++count; }
-};
-
 TEST_F(Item, TellsItsDrawersOfEveryChangeAndOfNothingElse)
 {
     show();
     const QDBusConnection drawer = bus.connection();
-    const Listener titles(drawer, itemPath, itemInterface, QStringLiteral("NewTitle"));
-    const Listener labels(drawer, itemPath, itemInterface, QStringLiteral("XAyatanaNewLabel"));
-    const Listener icons(drawer, itemPath, itemInterface, QStringLiteral("NewIcon"));
-    const Listener layouts(drawer, menuPath, menuInterface, QStringLiteral("LayoutUpdated"));
+    const HeardSignals titles(drawer, itemPath, itemInterface, QStringLiteral("NewTitle"));
+    const HeardSignals labels(drawer, itemPath, itemInterface, QStringLiteral("XAyatanaNewLabel"));
+    const HeardSignals icons(drawer, itemPath, itemInterface, QStringLiteral("NewIcon"));
+    const HeardSignals layouts(drawer, menuPath, menuInterface, QStringLiteral("LayoutUpdated"));
     settle();
     for (int again = 0; again < 2; ++again) {
         item.setTexts(QStringLiteral("1 GB"), {});
         item.setOnDark(true);
         item.setEntries({{QStringLiteral("Open")}});
     }
-    pumpUntil([&] { return layouts.count == 1; });
-    EXPECT_EQ(titles.count, 1);
-    EXPECT_EQ(labels.count, 1);
-    EXPECT_EQ(icons.count, 1);
+    pumpUntil([&] { return layouts.count() == 1; });
+    EXPECT_EQ(titles.count(), 1);
+    EXPECT_EQ(labels.count(), 1);
+    EXPECT_EQ(icons.count(), 1);
 }
 
 TEST_F(Item, TellsWhereItWasClicked)
@@ -364,5 +347,3 @@ TEST_F(Item, IsTakenAwayAtItsEnd)
 } // namespace
 
 } // namespace zolva::test
-
-#include "StatusNotifierItemTest.moc"
