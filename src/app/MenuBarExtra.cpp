@@ -17,13 +17,6 @@ namespace {
 /// meant to close it, and not to open it anew.
 constexpr std::chrono::milliseconds sameClick{250};
 
-enum Entry
-{
-    OpenEntry,
-    UpdatesEntry,
-    QuitEntry
-};
-
 } // namespace
 
 MenuBarExtra::MenuBarExtra(std::unique_ptr<TrayItem> item, ScreenModel& model, QQmlEngine& engine,
@@ -34,18 +27,25 @@ MenuBarExtra::MenuBarExtra(std::unique_ptr<TrayItem> item, ScreenModel& model, Q
     connect(m_item.get(), &TrayItem::activated, this, &MenuBarExtra::toggle);
     connect(m_item.get(), &TrayItem::chosen, this, &MenuBarExtra::choose);
     connect(model.menu(), &MenuPanelModel::reclaimChanged, this, &MenuBarExtra::showTexts);
+    connect(model.updates(), &UpdateModel::changed, this, &MenuBarExtra::showEntries);
     showTexts();
-    setCanCheckForUpdates(false);
+    showEntries();
 }
 
 MenuBarExtra::~MenuBarExtra() = default;
 
-void MenuBarExtra::setCanCheckForUpdates(bool can)
+void MenuBarExtra::showEntries()
 {
-    // In the order of `Entry`.
-    m_item->setEntries({{QString::fromUtf8(menuwords::openZolva)},
-                        {QString::fromUtf8(menuwords::checkForUpdates), can},
-                        {QString::fromUtf8(menuwords::quitZolva)}});
+    const UpdateModel& updates = *m_model.updates();
+    m_deeds = {Deed::Open};
+    std::vector<TrayEntry> entries = {{QString::fromUtf8(menuwords::openZolva)}};
+    if (updates.menuShown()) {
+        m_deeds.push_back(Deed::CheckForUpdates);
+        entries.push_back({updates.menuTitle(), updates.canCheck()});
+    }
+    m_deeds.push_back(Deed::Quit);
+    entries.push_back({QString::fromUtf8(menuwords::quitZolva)});
+    m_item->setEntries(std::move(entries));
 }
 
 void MenuBarExtra::showTexts()
@@ -55,17 +55,20 @@ void MenuBarExtra::showTexts()
 
 void MenuBarExtra::choose(int entry)
 {
-    switch (entry) {
-    case OpenEntry:
+    if (entry < 0 || static_cast<std::size_t>(entry) >= m_deeds.size()) {
+        return;
+    }
+    switch (m_deeds[static_cast<std::size_t>(entry)]) {
+    case Deed::Open:
         m_model.menu()->openMain();
         break;
-    case UpdatesEntry:
-        Q_EMIT checkForUpdatesWanted();
+    case Deed::CheckForUpdates:
+        // Where its outcome is told.
+        m_model.menu()->openMain(QStringLiteral("settings"));
+        m_model.updates()->check();
         break;
-    case QuitEntry:
+    case Deed::Quit:
         m_model.menu()->quit();
-        break;
-    default:
         break;
     }
 }

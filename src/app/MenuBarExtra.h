@@ -5,13 +5,13 @@
 #include "screens/model/ScreenModel.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace zolva {
 
@@ -31,14 +31,19 @@ public:
     [[nodiscard]] bool isShown() const { return m_item->isShown(); }
     /// Of the desktop.
     void setOnDark(bool isDark) { m_item->setOnDark(isDark); }
-    /// Whether updates can be looked for now.
-    void setCanCheckForUpdates(bool can);
 
 Q_SIGNALS:
     void shownChanged();
-    void checkForUpdatesWanted();
 
 private:
+    enum class Deed
+    {
+        Open,
+        CheckForUpdates,
+        Quit
+    };
+
+    void showEntries();
     void showTexts();
     void choose(int entry);
     void toggle(const QRect& place);
@@ -49,6 +54,7 @@ private:
     ScreenModel& m_model;
     QQmlEngine& m_engine;
     Clock& m_clock;
+    std::vector<Deed> m_deeds; ///< of the item's entries
     std::unique_ptr<QQuickWindow> m_panel;
     std::optional<std::chrono::steady_clock::time_point> m_closed; ///< the panel, last
 };

@@ -1,12 +1,14 @@
 #include "app/ZolvaApp.h"
 
 #include "app/MotionWishes.h"
+#include "core/RunningBundle.h"
 #include "core/SystemPrefsStore.h"
 #include "desktop/ColorScheme.h"
 #include "desktop/OpenPlaces.h"
 #include "desktop/TrayItem.h"
 #include "files/HomeFolder.h"
 #include "platform/SystemTrash.h"
+#include "updates/LiveUpdateCheck.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -32,6 +34,7 @@ AppDependencies ZolvaApp::dependencies()
 {
     AppDependencies all = liveDependencies(m_clock, *m_prefs);
     all.appearance = m_appearance.get();
+    all.updates = {runningBundle(), liveUpdateCheck(m_clock)};
     // A door is opened by the model, so that it is there when one tells something.
     all.doors =
         systemDoors({homeTrashFolder(homeFolder()), all.logFolder, [this](const QString& text) {
@@ -63,7 +66,7 @@ void ZolvaApp::startMenuBar(const QQuickWindow& window)
     // The window comes first.
     connect(
         &window, &QQuickWindow::frameSwapped, this, [this] { m_menuBar.start(); },
-        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 bool ZolvaApp::showWindow()
@@ -87,6 +90,10 @@ bool ZolvaApp::showWindow()
     window->setPersistentGraphics(false);
     window->setPersistentSceneGraph(false);
     startMenuBar(*window);
+    // Nothing of it may keep the window waiting.
+    connect(
+        window, &QQuickWindow::frameSwapped, this, [this] { m_model.checkForUpdatesIfDue(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     window->show();
     return true;
 }

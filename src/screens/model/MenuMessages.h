@@ -13,7 +13,6 @@ namespace menuwords {
 inline constexpr auto unnamedVolume = "Macintosh HD";
 inline constexpr auto accessNeeded = "access needed";
 inline constexpr auto openZolva = "Open Zolva";
-inline constexpr auto checkForUpdates = "Check for Updates…";
 inline constexpr auto quitZolva = "Quit Zolva";
 } // namespace menuwords
 

@@ -64,6 +64,7 @@ public:
     Q_INVOKABLE void chooseRow(int row);
     Q_INVOKABLE void runCommand(int row);
     void openMain(); ///< on the screen that it shows
+    void openMain(const QString& screen);
     void quit();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -83,7 +84,6 @@ private:
         bool isUnreadable = false;
     };
 
-    void openMain(const QString& screen);
     void readVolumeName();
     void recount();
     [[nodiscard]] std::int64_t keptBytes() const;

@@ -10,6 +10,7 @@
 #include "screens/model/MenuPanelModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
+#include "screens/model/UpdateModel.h"
 
 #include <QAbstractItemModel>
 #include <QObject>
@@ -34,6 +35,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
+    Q_PROPERTY(zolva::UpdateModel* updates READ updates CONSTANT)
     Q_PROPERTY(zolva::QuitModel* quit READ quit CONSTANT)
     Q_PROPERTY(zolva::MenuPanelModel* menu READ menu CONSTANT)
     /// Rows with `toastId`, `kind` ("info", "warning", "success"), `text` and `actionTitle`.
@@ -51,6 +53,7 @@ public:
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
+    [[nodiscard]] UpdateModel* updates() { return &m_updates; }
     [[nodiscard]] QuitModel* quit() { return &m_quit; }
     [[nodiscard]] MenuPanelModel* menu() { return &m_menu; }
     [[nodiscard]] QAbstractItemModel* toasts() { return &m_model.toasts(); }
@@ -71,6 +74,7 @@ private:
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;
+    UpdateModel m_updates;
     QuitModel m_quit;
     MenuPanelModel m_menu;
 };

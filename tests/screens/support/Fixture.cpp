@@ -43,9 +43,9 @@ private:
 template <typename Call>
 void noteInto(QStringList& calls, const char* name, Call& call)
 {
-    call = [&calls, name, inner = std::move(call)] {
+    call = [&calls, name, inner = std::move(call)](auto... arguments) {
         calls.push_back(QString::fromUtf8(name));
-        return inner();
+        return inner(std::move(arguments)...);
     };
 }
 
@@ -87,8 +87,9 @@ BannerKind kindFrom(const QString& kind)
 class Fixture::World final : public QObject
 {
 public:
-    World()
+    explicit World(const AppBundle& bundle)
     {
+        fakes.bundle = bundle;
         AppDependencies all = fakes.dependencies({.meters = false, .journalCheck = false});
         all.runner = std::make_unique<NotingRunner>(fakes.script, calls);
         noteInto(calls, "clean scan", all.scans.clean);
@@ -97,6 +98,10 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        noteInto(calls, "update check", all.updates.check);
+        all.doors.page = [this](const std::string& url) {
+            calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
+        };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
@@ -114,7 +119,12 @@ public:
     std::unique_ptr<ScreenModel> screen;
 };
 
-Fixture::Fixture(QObject* parent) : QObject(parent), m_world(std::make_unique<World>())
+Fixture::Fixture(QObject* parent)
+    : Fixture({.shortVersion = "0.1.0", .version = "5", .resourceFolders = {}}, parent)
+{}
+
+Fixture::Fixture(const AppBundle& bundle, QObject* parent)
+    : QObject(parent), m_world(std::make_unique<World>(bundle))
 {
     connect(m_world->screen->quit(), &QuitModel::quit, this, [this] {
         ++m_quits;
@@ -130,6 +140,11 @@ Fixture::~Fixture()
 ScreenModel* Fixture::model() const
 {
     return m_world->screen.get();
+}
+
+ModelWorld& Fixture::fakes() const
+{
+    return m_world->fakes;
 }
 
 AppModel& Fixture::app() const
@@ -149,21 +164,6 @@ QStringList Fixture::calls() const
         all.push_back(QString::fromStdString(change));
     }
     return all;
-}
-
-template <typename T>
-bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
-{
-    std::size_t& finished = m_finished[&calls];
-    if (finished == calls.count()) {
-        if (QJSEngine* const engine = qjsEngine(this)) {
-            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
-        }
-        return false;
-    }
-    finished = calls.count();
-    calls.answer(finished - 1, std::move(value));
-    return true;
 }
 
 void Fixture::setCategories(const QVariantList& rows)

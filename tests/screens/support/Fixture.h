@@ -3,6 +3,7 @@
 #include "core/ModelWorld.h"
 #include "screens/model/ScreenModel.h"
 
+#include <QJSEngine>
 #include <QObject>
 #include <QQmlEngine>
 #include <QStringList>
@@ -27,7 +28,8 @@ class Fixture : public QObject
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
     /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash opened"
-    /// and "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
+    /// "update check", "page ADDRESS" and "toast: ACTION"; behind these, in order, "trash PATH",
+    /// "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
@@ -107,12 +109,18 @@ public:
 Q_SIGNALS:
     void quitsChanged();
 
-private:
-    class World;
+protected:
+    /// Of a program that tells this of itself.
+    Fixture(const AppBundle& bundle, QObject* parent);
 
+    [[nodiscard]] ModelWorld& fakes() const;
     /// False, and thrown, where no call waits.
     template <typename T>
     bool finish(const HeldCalls<T>& calls, T value, const char* what);
+
+private:
+    class World;
+
     void takeCategories(std::vector<Category> rows);
     void takeProjects(std::vector<Project> rows);
     void takeInstallers(std::vector<InstallerItem> rows);
@@ -130,5 +138,20 @@ private:
     int m_inTrash = 0;
     int m_quits = 0;
 };
+
+template <typename T>
+bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
+{
+    std::size_t& finished = m_finished[&calls];
+    if (finished == calls.count()) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
+        }
+        return false;
+    }
+    finished = calls.count();
+    calls.answer(finished - 1, std::move(value));
+    return true;
+}
 
 } // namespace zolva::test
