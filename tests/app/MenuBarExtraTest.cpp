@@ -47,6 +47,13 @@ protected:
     Extra()
     {
         engine.addImportPath(QStringLiteral("qrc:/qml"));
+        begin();
+    }
+    /// Once more, with what the test has prepared.
+    void begin()
+    {
+        extra.reset();
+        screens.reset();
         store.values["zolva.seenAccessIntro"] = true;
         start({.meters = false});
         screens = std::make_unique<ScreenModel>(*model, clock);
@@ -57,8 +64,6 @@ protected:
                          [this] { told.emplace_back("main"); });
         QObject::connect(screens->menu(), &MenuPanelModel::quitWanted, &context,
                          [this] { told.emplace_back("quit"); });
-        QObject::connect(extra.get(), &MenuBarExtra::checkForUpdatesWanted, &context,
-                         [this] { told.emplace_back("updates"); });
     }
     ~Extra() override
     {
@@ -75,6 +80,14 @@ protected:
             }
         }
         return shown;
+    }
+    Steps titles() const
+    {
+        Steps all;
+        for (const TrayEntry& entry : item->entries) {
+            all.push_back(entry.title.toStdString() + (entry.isEnabled ? "" : " (off)"));
+        }
+        return all;
     }
     void click(const QRect& place = {})
     {
@@ -162,18 +175,37 @@ TEST_F(Extra, ItemCarriesTheSum)
     EXPECT_EQ(item->toolTip, "3.0 MB reclaimable");
 }
 
-TEST_F(Extra, MenuLeadsToTheWindowTheUpdatesAndTheEnd)
+TEST_F(Extra, MenuLeadsToTheWindowAndTheEnd)
 {
-    const std::vector<TrayEntry> expected = {{QStringLiteral("Open Zolva")},
-                                             {QStringLiteral("Check for Updates…"), false},
-                                             {QStringLiteral("Quit Zolva")}};
-    EXPECT_EQ(item->entries, expected);
-    extra->setCanCheckForUpdates(true);
-    EXPECT_TRUE(item->entries.at(1).isEnabled);
-    for (const int entry : {0, 1, 2, 3}) {
+    bundle = AppBundle();
+    begin();
+    EXPECT_EQ(titles(), (Steps{"Open Zolva", "Check for Updates… (off)", "Quit Zolva"}));
+    for (const int entry : {0, 2, 3, -1}) {
         Q_EMIT item->chosen(entry);
     }
-    EXPECT_EQ(told, (Steps{"main", "updates", "quit"}));
+    EXPECT_EQ(told, (Steps{"main", "quit"}));
+}
+
+TEST_F(Extra, MenuLooksForUpdatesAndBringsTheirScreen)
+{
+    bundle = bundleWithFeed(tree.root());
+    begin();
+    EXPECT_EQ(titles(), (Steps{"Open Zolva", "Check for Updates…", "Quit Zolva"}));
+    Q_EMIT item->chosen(1);
+    EXPECT_EQ(told, (Steps{"main"}));
+    EXPECT_EQ(model->screen(), "settings");
+    EXPECT_EQ(updateChecks.count(), 1U);
+    EXPECT_EQ(titles().at(1), "Check for Updates… (off)") << "one is under way";
+}
+
+TEST_F(Extra, MenuHasNoUpdatesWhereOthersBringThem)
+{
+    bundle = bundleWithFeed(tree.root());
+    bundle->checksForUpdates = false;
+    begin();
+    EXPECT_EQ(titles(), (Steps{"Open Zolva", "Quit Zolva"}));
+    Q_EMIT item->chosen(1);
+    EXPECT_EQ(told, (Steps{"quit"}));
 }
 
 TEST_F(Extra, TellsWhetherTheItemIsShown)

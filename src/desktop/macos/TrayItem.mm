@@ -5,6 +5,7 @@
 #import <AppKit/AppKit.h>
 
 #include <functional>
+#include <utility>
 
 @interface ZolvaTrayTarget : NSObject
 @property(nonatomic) std::function<void()> click;
@@ -68,6 +69,7 @@ public:
         m_item.button.action = @selector(clicked:);
         [m_item.button sendActionOn:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown];
         showTexts();
+        showInOwnMenu();
         Q_EMIT shownChanged();
     }
     bool isShown() const override { return m_item != nil; }
@@ -85,15 +87,8 @@ public:
         for (std::size_t place = 0; place < entries.size(); ++place) {
             [m_menu addItem:menuItem(entries[place], static_cast<int>(place))];
         }
-        // "Check for Updates…" stands after "About" too, as everywhere on this system.
-        NSMenu* own = NSApplication.sharedApplication.mainMenu.itemArray.firstObject.submenu;
-        if (own && entries.size() > 1) {
-            if (m_ownItem) {
-                [own removeItem:m_ownItem];
-            }
-            m_ownItem = menuItem(entries[1], 1);
-            [own insertItem:m_ownItem atIndex:MIN(1, own.numberOfItems)];
-        }
+        m_entries = std::move(entries);
+        showInOwnMenu();
     }
     void setOnDark(bool /*isDark*/) override {}
 
@@ -107,6 +102,22 @@ private:
         item.tag = place;
         item.enabled = entry.isEnabled;
         return item;
+    }
+    /// What lies between opening and quitting, which the program's own menu has already, stands
+    /// there after "About", as everywhere on this system.
+    void showInOwnMenu()
+    {
+        NSMenu* own = NSApplication.sharedApplication.mainMenu.itemArray.firstObject.submenu;
+        for (NSMenuItem* item in m_ownItems) {
+            [item.menu removeItem:item];
+        }
+        [m_ownItems removeAllObjects];
+        for (std::size_t place = 1; own && place + 1 < m_entries.size(); ++place) {
+            NSMenuItem* item = menuItem(m_entries[place], static_cast<int>(place));
+            [own insertItem:item
+                    atIndex:MIN(static_cast<NSInteger>(place), own.numberOfItems)];
+            [m_ownItems addObject:item];
+        }
     }
     void showTexts()
     {
@@ -134,7 +145,8 @@ private:
     ZolvaTrayTarget* m_target;
     NSStatusItem* m_item = nil;
     NSMenu* m_menu = nil;
-    NSMenuItem* m_ownItem = nil;
+    std::vector<TrayEntry> m_entries;
+    NSMutableArray<NSMenuItem*>* m_ownItems = [NSMutableArray new];
     QString m_label;
     QString m_toolTip;
 };
