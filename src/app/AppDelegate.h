@@ -3,8 +3,8 @@
 #include "async/Clock.h"
 #include "screens/model/ScreenModel.h"
 
-#include <QObject>
 #include <QCoroTask>
+#include <QObject>
 #include <QPointer>
 #include <QWindow>
 

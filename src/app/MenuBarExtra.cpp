@@ -103,8 +103,8 @@ void MenuBarExtra::open(QQuickWindow& panel, const QRect& place)
 QQuickWindow* MenuBarExtra::panel()
 {
     if (!m_panel) {
-        QQmlComponent component(
-            &m_engine, QUrl(QStringLiteral("qrc:/qml/Zolva/Screens/Menu/MenuWindow.qml")));
+        QQmlComponent component(&m_engine,
+                                QUrl(QStringLiteral("qrc:/qml/Zolva/Screens/Menu/MenuWindow.qml")));
         std::unique_ptr<QObject> made(component.createWithInitialProperties(
             {{QStringLiteral("model"), QVariant::fromValue(&m_model)}}));
         m_panel.reset(qobject_cast<QQuickWindow*>(made.get()));

@@ -30,8 +30,7 @@ public:
     [[nodiscard]] QVariant property(const QString& interface, const QString& path,
                                     const QString& name) const;
     [[nodiscard]] QDBusMessage call(const QString& interface, const QString& path,
-                                    const QString& method,
-                                    const QVariantList& arguments) const;
+                                    const QString& method, const QVariantList& arguments) const;
 
     [[nodiscard]] QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override;

@@ -1,6 +1,6 @@
+#include "desktop/linux/StatusNotifierItem.h"
 #include "desktop/FakeTray.h"
 #include "desktop/PrivateBus.h"
-#include "desktop/linux/StatusNotifierItem.h"
 #include "support/qt/EventLoop.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +34,8 @@ protected:
     void show()
     {
         tray.appear();
-        item.setEntries({{QStringLiteral("Open")}, {QStringLiteral("Look_up"), false},
+        item.setEntries({{QStringLiteral("Open")},
+                         {QStringLiteral("Look_up"), false},
                          {QStringLiteral("Quit")}});
         item.start();
         pumpUntil([this] { return item.isShown(); });
@@ -60,8 +61,8 @@ protected:
     }
     MenuLayout layout()
     {
-        const QDBusMessage reply = tray.call(menuInterface, menuPath, QStringLiteral("GetLayout"),
-                                             {0, -1, QStringList()});
+        const QDBusMessage reply =
+            tray.call(menuInterface, menuPath, QStringLiteral("GetLayout"), {0, -1, QStringList()});
         return qdbus_cast<MenuLayout>(reply.arguments().value(1));
     }
     /// What is on its way has come.
@@ -307,10 +308,10 @@ TEST_F(Item, EntryThatIsDisabledOrUnknownIsNotChosen)
 TEST_F(Item, MenuAnswersGroupsOfQuestions)
 {
     show();
-    const QDBusMessage events = tray.call(
-        menuInterface, menuPath, QStringLiteral("EventGroup"),
-        {QVariant::fromValue(QList<MenuEvent>{{3, QStringLiteral("clicked"), 0, 0},
-                                              {9, QStringLiteral("clicked"), 0, 0}})});
+    const QDBusMessage events =
+        tray.call(menuInterface, menuPath, QStringLiteral("EventGroup"),
+                  {QVariant::fromValue(QList<MenuEvent>{{3, QStringLiteral("clicked"), 0, 0},
+                                                        {9, QStringLiteral("clicked"), 0, 0}})});
     EXPECT_EQ(qdbus_cast<QList<int>>(events.arguments().value(0)), QList<int>{9});
     EXPECT_EQ(chosen, std::vector{2});
     const QDBusMessage shown =
@@ -319,14 +320,13 @@ TEST_F(Item, MenuAnswersGroupsOfQuestions)
     EXPECT_TRUE(qdbus_cast<QList<int>>(shown.arguments().value(0)).isEmpty());
     EXPECT_EQ(qdbus_cast<QList<int>>(shown.arguments().value(1)), QList<int>{9});
     const auto group = QStringLiteral("GetGroupProperties");
-    const QDBusMessage some =
-        tray.call(menuInterface, menuPath, group,
-                  {QVariant::fromValue(QList<int>{2, 9}), QStringList()});
+    const QDBusMessage some = tray.call(menuInterface, menuPath, group,
+                                        {QVariant::fromValue(QList<int>{2, 9}), QStringList()});
     const auto told = qdbus_cast<QList<MenuItemProperties>>(some.arguments().value(0));
     ASSERT_EQ(told.size(), 1);
     EXPECT_EQ(told.front().id, 2);
-    const QDBusMessage all =
-        tray.call(menuInterface, menuPath, group, {QVariant::fromValue(QList<int>()), QStringList()});
+    const QDBusMessage all = tray.call(menuInterface, menuPath, group,
+                                       {QVariant::fromValue(QList<int>()), QStringList()});
     EXPECT_EQ(qdbus_cast<QList<MenuItemProperties>>(all.arguments().value(0)).size(), 4);
 }
 

@@ -33,8 +33,7 @@ QString symbolicName()
 
 QDBusMessage watcherCall(const QString& interface, const QString& method)
 {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(watcherName, watcherPath, interface, method);
+    QDBusMessage call = QDBusMessage::createMethodCall(watcherName, watcherPath, interface, method);
     call.setAutoStartService(false); // a desktop that wants one has one
     return call;
 }
@@ -117,8 +116,8 @@ void StatusNotifierItem::registerItem()
 
 void StatusNotifierItem::askForHost()
 {
-    QDBusMessage call = watcherCall(QStringLiteral("org.freedesktop.DBus.Properties"),
-                                    QStringLiteral("Get"));
+    QDBusMessage call =
+        watcherCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << watcherName << hostProperty;
     auto* const waiting = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(waiting, &QDBusPendingCallWatcher::finished, this, [this, waiting] {

@@ -25,8 +25,8 @@ TrayMenuDoor::TrayMenuDoor(TrayMenu* menu) : QDBusAbstractAdaptor(menu), m_menu(
             [this] { Q_EMIT LayoutUpdated(m_menu->revision(), 0); });
 }
 
-uint TrayMenuDoor::GetLayout(int parentId, int recursionDepth,
-                             const QStringList& /*propertyNames*/, zolva::MenuLayout& layout)
+uint TrayMenuDoor::GetLayout(int parentId, int recursionDepth, const QStringList& /*propertyNames*/,
+                             zolva::MenuLayout& layout)
 {
     layout = {parentId, propertiesOf(parentId), {}};
     if (parentId == 0 && recursionDepth != 0) {

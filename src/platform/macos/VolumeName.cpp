@@ -35,8 +35,8 @@ std::string volumeName(const std::string& path)
         ::getattrlist(volume.f_mntonname, &wanted, &answer, sizeof answer, 0) != 0) {
         return {};
     }
-    const char* const start = reinterpret_cast<const char*>(&answer.name) +
-                              answer.name.attr_dataoffset;
+    const char* const start =
+        reinterpret_cast<const char*>(&answer.name) + answer.name.attr_dataoffset;
     const auto most = static_cast<std::size_t>(answer.name.attr_length);
     return {start, std::find(start, start + most, '\0')};
 }

@@ -23,8 +23,7 @@ QString freeOfTotal(std::int64_t total)
 
 QString spokenDiskText(const QString& name, std::int64_t free, std::int64_t total)
 {
-    return name + QStringLiteral(", ") + shownSize(free) + QStringLiteral(" ") +
-           freeOfTotal(total);
+    return name + QStringLiteral(", ") + shownSize(free) + QStringLiteral(" ") + freeOfTotal(total);
 }
 
 QString reclaimCount(std::int64_t count, const QString& noun)

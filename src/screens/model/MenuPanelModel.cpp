@@ -194,8 +194,8 @@ void MenuPanelModel::recount()
     const std::array<ReclaimRow, 4> rows = m_model.removal().reclaimRows();
     m_total = 0;
     for (std::size_t place = 0; place < rows.size(); ++place) {
-        const Row now{rows.at(place), rows.at(place).id == trashId &&
-                                          m_model.removal().trash().trashUnreadable()};
+        const Row now{rows.at(place),
+                      rows.at(place).id == trashId && m_model.removal().trash().trashUnreadable()};
         const Row old = std::exchange(m_rows.at(place), now);
         m_total += now.reclaim.bytes;
         if (old.reclaim.bytes != now.reclaim.bytes || old.reclaim.count != now.reclaim.count ||
@@ -238,10 +238,9 @@ QString MenuPanelModel::sizeOf(const Row& row) const
 
 QString MenuPanelModel::spokenOf(const Row& row) const
 {
-    return row.isUnreadable
-               ? QStringLiteral("Trash, access needed. macOS is blocking access.")
-               : row.reclaim.label + QStringLiteral(", ") + countOf(row) + QStringLiteral(", ") +
-                     sizeOf(row);
+    return row.isUnreadable ? QStringLiteral("Trash, access needed. macOS is blocking access.")
+                            : row.reclaim.label + QStringLiteral(", ") + countOf(row) +
+                                  QStringLiteral(", ") + sizeOf(row);
 }
 
 } // namespace zolva
