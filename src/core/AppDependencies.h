@@ -29,6 +29,8 @@ struct AppReads
 {
     std::function<QCoro::Task<std::vector<InstallerItem>>()> installers;
     std::function<QCoro::Task<std::vector<diskAccess::Location>>()> blockedLocations;
+    /// Of the home's volume, at once, as bytes; empty where it has none.
+    std::function<std::string()> volumeName{};
 };
 
 /// Places that are shown to the user outside this program. Where there is none, nothing happens.

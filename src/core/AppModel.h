@@ -87,6 +87,8 @@ public:
         return m_blockedLocations;
     }
     [[nodiscard]] bool showAccessIntro() const { return m_showAccessIntro; }
+    /// Of the volume that holds the home, as bytes; empty where it has none.
+    [[nodiscard]] std::string volumeName() const;
     /// For good: it never comes back.
     void dismissAccessIntro(bool openSettings);
     /// Where the system lets the user grant access to folders.

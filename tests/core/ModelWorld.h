@@ -138,12 +138,13 @@ struct ModelWorld
                           [this] {
                               steps.emplace_back("access probed");
                               return probes.ask();
-                          }},
+                          },
+                      .volumeName = [this] { return volumeName; }},
             .disk = {.disk = disk,
                      .space =
                          [this] {
                              steps.emplace_back("space read");
-                             return VolumeSpace{100, 200};
+                             return volumeSpace;
                          },
                      .processes = std::make_unique<ScriptedProcesses>(),
                      .scanResidue = [](const UninstallApp&, const std::vector<UninstallApp>&)
@@ -208,6 +209,8 @@ struct ModelWorld
     }
 
     std::string logFolder;
+    std::string volumeName = "Quiet Disk";
+    VolumeSpace volumeSpace{100, 200};
     Steps steps;
     ManualClock clock;
     RecordingStore store{steps};

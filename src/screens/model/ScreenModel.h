@@ -8,6 +8,7 @@
 #include "screens/model/ConfirmModel.h"
 #include "screens/model/HomeModel.h"
 #include "screens/model/InstallerModel.h"
+#include "screens/model/MenuPanelModel.h"
 #include "screens/model/PurgeModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
@@ -42,6 +43,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
     Q_PROPERTY(zolva::UpdateModel* updates READ updates CONSTANT)
     Q_PROPERTY(zolva::QuitModel* quit READ quit CONSTANT)
+    Q_PROPERTY(zolva::MenuPanelModel* menu READ menu CONSTANT)
     /// Rows with `toastId`, `kind` ("info", "warning", "success"), `text` and `actionTitle`.
     Q_PROPERTY(QAbstractItemModel* toasts READ toasts CONSTANT)
 
@@ -62,6 +64,7 @@ public:
     [[nodiscard]] AccessModel* access() { return &m_access; }
     [[nodiscard]] UpdateModel* updates() { return &m_updates; }
     [[nodiscard]] QuitModel* quit() { return &m_quit; }
+    [[nodiscard]] MenuPanelModel* menu() { return &m_menu; }
     [[nodiscard]] QAbstractItemModel* toasts() { return &m_model.toasts(); }
 
     Q_INVOKABLE void go(const QString& screen);
@@ -85,6 +88,7 @@ private:
     AccessModel m_access;
     UpdateModel m_updates;
     QuitModel m_quit;
+    MenuPanelModel m_menu;
 };
 
 } // namespace zolva

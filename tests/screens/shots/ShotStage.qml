@@ -1,6 +1,7 @@
 import QtQuick
 import Zolva.Kit
 import Zolva.Root
+import Zolva.Screens.Menu
 import Zolva.Test
 import "UninstallSamples.js" as Samples
 
@@ -27,6 +28,14 @@ Item {
         }
     }
 
+    Component {
+        id: panels
+
+        MenuBarView {
+            width: implicitWidth
+        }
+    }
+
     function take(state: string, theme: string) {
         if (view)
             view.destroy();
@@ -35,7 +44,8 @@ Item {
         Motion.reduced = true;
         fixture = fixtures.createObject(stage);
         fixture.setTheme(theme);
-        view = views.createObject(stage, {
+        Theme.light = theme === "light";
+        view = (state.startsWith("panel") ? panels : views).createObject(stage, {
             model: fixture.model
         });
         view.forceActiveFocus();
@@ -137,6 +147,35 @@ Item {
         fixture.setInstallers(installers());
         fixture.apps(37);
         fixture.setTrash(3, 233000000);
+    }
+
+    function panelScanning() {
+        fixture.setVolumeName("Quiet Disk");
+        fixture.setVolumeSpace(118400000000, 494380000000);
+        fixture.model.menu.opened();
+        fixture.setTrash(3, 233000000);
+    }
+
+    function panelLoaded() {
+        panelScanning();
+        scanned(9);
+    }
+
+    function panelEmpty() {
+        fixture.setVolumeName("");
+        fixture.setVolumeSpace(402400000000, 494380000000);
+        fixture.setCategories([]);
+        fixture.setTrash(0, 0);
+        fixture.model.menu.opened();
+    }
+
+    function panelBlocked() {
+        panelLoaded();
+        fixture.setVolumeName("A backup volume with quite a long name of its own");
+        fixture.model.menu.opened();
+        fixture.setTrash(0, 0, true);
+        view.step(true);
+        view.step(true);
     }
 
     function cleanLoaded() {

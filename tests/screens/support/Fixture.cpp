@@ -340,6 +340,18 @@ void Fixture::pickAll(const QString& list, bool picked)
     }
 }
 
+void Fixture::setVolumeName(const QString& name)
+{
+    m_world->fakes.volumeName = name.toStdString();
+}
+
+void Fixture::setVolumeSpace(double available, double total)
+{
+    m_world->fakes.volumeSpace = {static_cast<std::int64_t>(available),
+                                  static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
+}
+
 void Fixture::openSheet(const QString& id)
 {
     app().setSheet(id.isEmpty() ? std::nullopt : std::optional(id.toStdString()));

@@ -99,6 +99,10 @@ public:
     Q_INVOKABLE QUuid addToast(const QString& kind, const QString& text,
                                const QString& actionTitle = {});
     Q_INVOKABLE void advance(int ms);
+    /// Read by the panel of the menu bar when it opens.
+    Q_INVOKABLE void setVolumeName(const QString& name);
+    /// Bytes, as the meter reads them; nothing is known of it before.
+    Q_INVOKABLE void setVolumeSpace(double available, double total);
 
     /// As the probe of an installer scan finds them; that scan is finished with the rows set.
     Q_INVOKABLE void setBlocked(const QStringList& labels);
