@@ -261,6 +261,24 @@ ScreenCase {
         compare(focusedName(), "Driver.pkg");
     }
 
+    function test_theMenuGoesWithItsPage() {
+        fixture.setInstallers(mixed);
+        showWindow("installer");
+        const menu = typed("InstallerScreen").menu;
+        let top = view;
+        while (top.parent)
+            top = top.parent;
+        mouseClick(rows()[0], 200, 30, Qt.RightButton);
+        tryVerify(() => menu.opened);
+        verify(spoken("Remove", top));
+        const before = place(rows()[0], top);
+        const shown = place(menu.contentItem.parent, top);
+        compare([shown.x, shown.y], [before.x + 200, before.y + 30]);
+        fixture.model.go("clean");
+        settle();
+        tryVerify(() => spoken("Remove", top) === null);
+    }
+
     function test_aRemovalByTheKeysLeavesTheKeyboardInTheList() {
         fixture.setInstallers(mixed);
         showWindow("installer");
