@@ -27,8 +27,11 @@ Item {
     }
 
     function take(state: string, theme: string) {
-        if (view)
+        if (view) {
+            // A menu goes with what it belongs to.
+            view.visible = false;
             view.destroy();
+        }
         if (fixture)
             fixture.destroy();
         Motion.reduced = true;
