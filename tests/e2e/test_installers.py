@@ -71,7 +71,7 @@ class Installers(InstallersCase):
         self.tick(ticked)
         self.focus_row(gone)
         self.bus.type_key("Menu")
-        self.button("Remove").press()
+        self.node("menu item", "Remove").press()
         self.wait_moved([gone])
         self.assertEqual(list(self.window().find_all("dialog")), [])
         self.assert_moved(before, [gone])
@@ -85,7 +85,7 @@ class Installers(InstallersCase):
         row = self.rows[0]
         self.focus_row(row)
         self.bus.type_key("Menu")
-        self.button("Remove")
+        self.node("menu item", "Remove")
         self.bus.type_key("Escape")
         self.wait_focus(row.name)
         self.assert_said(self.page())

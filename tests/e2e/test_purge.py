@@ -57,7 +57,7 @@ class Purge(PurgeCase):
         self.rows = self.find()
         self.assert_said(self.page())
 
-    def test_the_keys_alone_tick_a_range_and_purge_it(self):
+    def test_the_keys_alone_tick_a_range_and_never_untick(self):
         before = self.everything()
         self.start()
         self.scan()

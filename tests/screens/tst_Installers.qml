@@ -9,7 +9,7 @@ ScreenCase {
 
     readonly property var mixed: [
         {name: "Lumen.dmg", src: "Downloads", p: "~/Downloads/Lumen.dmg", b: 3000000, age: 64},
-        {name: "driver.pkg", src: "Desktop", p: "~/Desktop/driver.pkg", b: 2000000, age: 1},
+        {name: "Driver.pkg", src: "Desktop", p: "~/Desktop/Driver.pkg", b: 2000000, age: 1},
         {name: "Tern.dmg", src: "Downloads", p: "~/Downloads/Tern.dmg", b: 1000000, age: 300}
     ]
 
@@ -118,13 +118,13 @@ ScreenCase {
         open(mixed);
         const sort = spoken("Largest first");
         compare(sort.entries.slice(), ["Largest first", "Oldest first", "Name"]);
-        compare(names(), ["Lumen.dmg", "driver.pkg", "Tern.dmg"]);
+        compare(names(), ["Lumen.dmg", "Driver.pkg", "Tern.dmg"]);
         sort.chosen(1);
         settle();
-        compare(names(), ["Tern.dmg", "Lumen.dmg", "driver.pkg"]);
+        compare(names(), ["Tern.dmg", "Lumen.dmg", "Driver.pkg"]);
         sort.chosen(2);
         settle();
-        compare(names(), ["driver.pkg", "Lumen.dmg", "Tern.dmg"]);
+        compare(names(), ["Driver.pkg", "Lumen.dmg", "Tern.dmg"]);
     }
 
     function test_rescanForgetsWhatWasTicked() {
@@ -147,7 +147,7 @@ ScreenCase {
 
     function test_theBarCountsWhatIsTicked() {
         open(mixed);
-        click(row("driver.pkg").head);
+        click(row("Driver.pkg").head);
         verify(written("1 file selected · 2.0 MB"));
         click(row("Tern.dmg").head);
         verify(written("2 files selected · 3.0 MB"));
@@ -184,9 +184,9 @@ ScreenCase {
 
     function test_theFolderShowsTheFileAndTicksNothing() {
         open(mixed);
-        compare(revealer("driver.pkg").Accessible.name, "Show in Finder");
-        click(revealer("driver.pkg"));
-        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/driver.pkg"]);
+        compare(revealer("Driver.pkg").Accessible.name, "Show in Finder");
+        click(revealer("Driver.pkg"));
+        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/Driver.pkg"]);
         compare(ticked(), []);
     }
 
@@ -211,7 +211,7 @@ ScreenCase {
 
     function test_theMenuOfARowOffersTwoDeeds() {
         open(mixed);
-        rightClick(row("driver.pkg"));
+        rightClick(row("Driver.pkg"));
         compare(menu().count, 2);
         compare(entries().map(entry => entry.text), ["Show in Finder", "Remove"]);
         compare(entries().map(entry => entry.symbol), ["folder", "trash"]);
@@ -220,15 +220,15 @@ ScreenCase {
         verify(entries().every(entry => !entry.Accessible.checkable));
         compare(ticked(), []);
         entries()[0].triggered();
-        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/driver.pkg"]);
+        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/Driver.pkg"]);
     }
 
     function test_theMenusRemoveRaisesNoSheetAndTakesThatRowAlone() {
         open(mixed);
         click(row("Lumen.dmg").head);
-        rightClick(row("driver.pkg"));
-        entries()[1].triggered();
-        menu().close();
+        rightClick(row("Driver.pkg"));
+        entries()[1].Accessible.pressAction();
+        tryVerify(() => !menu().visible);
         verify(!fixture.model.confirm.isOpen);
         settle();
         compare(names(), ["Lumen.dmg", "Tern.dmg"]);
@@ -236,7 +236,7 @@ ScreenCase {
         tryVerify(() => !fixture.model.bulk.present);
         const moved = fixture.calls.filter(call => call.startsWith("trash "));
         compare(moved.length, 1);
-        verify(moved[0].endsWith("driver.pkg"));
+        verify(moved[0].endsWith("Driver.pkg"));
     }
 
     function test_theMenuKeyOpensTheMenuOfTheFocusedRow_data() {
@@ -250,15 +250,33 @@ ScreenCase {
         tryVerify(() => menu().opened);
         press(Qt.Key_Escape);
         tryVerify(() => !menu().visible);
-        compare(focusedName(), "driver.pkg");
+        compare(focusedName(), "Driver.pkg");
         verify(focused().visualFocus);
         press(keys.key, keys.modifiers);
         tryVerify(() => menu().opened);
         press(Qt.Key_Down);
         press(Qt.Key_Return);
-        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/driver.pkg"]);
+        compare(fixture.calls.filter(call => call.startsWith("revealed")), ["revealed ~/Desktop/Driver.pkg"]);
         tryVerify(() => !menu().visible);
-        compare(focusedName(), "driver.pkg");
+        compare(focusedName(), "Driver.pkg");
+    }
+
+    function test_theMenuGoesWithItsPage() {
+        fixture.setInstallers(mixed);
+        showWindow("installer");
+        const menu = typed("InstallerScreen").menu;
+        let top = view;
+        while (top.parent)
+            top = top.parent;
+        mouseClick(rows()[0], 200, 30, Qt.RightButton);
+        tryVerify(() => menu.opened);
+        verify(spoken("Remove", top));
+        const before = place(rows()[0], top);
+        const shown = place(menu.contentItem.parent, top);
+        compare([shown.x, shown.y], [before.x + 200, before.y + 30]);
+        fixture.model.go("clean");
+        settle();
+        tryVerify(() => spoken("Remove", top) === null);
     }
 
     function test_aRemovalByTheKeysLeavesTheKeyboardInTheList() {
@@ -317,7 +335,7 @@ ScreenCase {
         fixture.model.installer.remove();
         fixture.model.confirm.confirm();
         settle();
-        compare(names(), ["driver.pkg"]);
+        compare(names(), ["Driver.pkg"]);
         verify(fixture.model.bulk.present);
         fixture.letDiskGo();
         tryVerify(() => !fixture.model.bulk.present);
@@ -355,6 +373,6 @@ ScreenCase {
         openMany(10000);
         verify(all(typed("CollapsingPage"), item => item.toString().startsWith("InstallerRow_")).length < 60);
         click(spoken("Select all"));
-        verify(written("10000 files selected · 50.01 GB"));
+        verify(written("10000 files selected · 50005.00 GB"));
     }
 }

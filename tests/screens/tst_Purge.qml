@@ -110,12 +110,12 @@ ScreenCase {
     }
 
     function test_aLongPathIsCutInItsMiddleAndLeavesTheSizeInSight() {
-        const long = "~/code/" + "very-long-name/".repeat(30) + "end";
-        open([{p: long, artifact: "dist", b: 3000000, age: 9}]);
-        const title = written(long);
+        const path = "~/code/" + "very-long-name/".repeat(30) + "end";
+        open([{p: path, artifact: "dist", b: 3000000, age: 9}]);
+        const title = written(path);
         verify(title.truncated);
-        verify(endX(place(title)) < place(written("3.0 MB", row(long))).x);
-        compare(row(long).height, 62);
+        verify(endX(place(title)) < place(written("3.0 MB", row(path))).x);
+        compare(row(path).height, 62);
     }
 
     function test_aRowIsOneButtonThatSaysItsState() {

@@ -12,6 +12,8 @@ PopupMenu {
     property TickRow row: null
     /// The keyboard was on the row, and goes back there.
     property bool hadFocus: false
+    /// It does not outlive the page, nor stand over what covers it.
+    readonly property bool isPossible: parent?.enabled && parent.visible
 
     function openFor(wanted: TickRow, at: point) {
         row = wanted;
@@ -21,23 +23,13 @@ PopupMenu {
         popup(place.x, place.y);
     }
 
+    onIsPossibleChanged: {
+        if (!isPossible)
+            close();
+    }
     onClosed: {
         if (row && hadFocus)
             row.takeFocus();
         row = null;
-    }
-
-    // It does not outlive the page, nor stand over what covers it.
-    Connections {
-        function onEnabledChanged() {
-            if (!menu.parent.enabled)
-                menu.close();
-        }
-        function onVisibleChanged() {
-            if (!menu.parent.visible)
-                menu.close();
-        }
-
-        target: menu.parent
     }
 }

@@ -73,7 +73,7 @@ class ListCase(WindowCase):
                   "push button: Largest first"]
         for row in self.rows:
             lines += self.row_lines(row, row in ticked)
-        every = len(ticked) == sum(1 for row in self.rows if not row.is_kept)
+        every = ticked and len(ticked) == sum(1 for row in self.rows if not row.is_kept)
         return lines + self.bar_lines(ticked) + [
             "push button: " + ("Deselect all" if every else "Select all"),
             "push button: %s %s%s" % (self.verb, size, "" if ticked else " [disabled]")]

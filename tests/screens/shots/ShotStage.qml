@@ -37,8 +37,11 @@ Item {
     }
 
     function take(state: string, theme: string) {
-        if (view)
+        if (view) {
+            // A menu goes with what it belongs to.
+            view.visible = false;
             view.destroy();
+        }
         if (fixture)
             fixture.destroy();
         Motion.reduced = true;
@@ -311,10 +314,20 @@ Item {
         return null;
     }
 
+    // The rows have to be in their places first.
+    Timer {
+        id: later
+
+        interval: 50
+        onTriggered: {
+            const row = stage.find(stage.view, "InstallerRow");
+            stage.find(stage.view, "InstallerScreen").menu.openFor(row, Qt.point(300, 30));
+        }
+    }
+
     function installersMenu() {
         installersLoaded();
-        const row = find(view, "InstallerRow");
-        find(view, "InstallerScreen").menu.openFor(row, Qt.point(300, 30));
+        later.start();
     }
 
     function installersRun() {
