@@ -27,9 +27,9 @@ class Fixture : public QObject
     QML_ELEMENT
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
-    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash opened",
-    /// "update check", "page ADDRESS" and "toast: ACTION"; behind these, in order, "trash PATH",
-    /// "purge PATH", "delete NAME" ….
+    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
+    /// opened", "update check", "page ADDRESS" and "toast: ACTION"; behind these, in order, "trash
+    /// PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
