@@ -5,6 +5,7 @@
 #include "core/SystemPrefsStore.h"
 #include "desktop/ColorScheme.h"
 #include "desktop/OpenPlaces.h"
+#include "desktop/TrayItem.h"
 #include "files/HomeFolder.h"
 #include "platform/SystemTrash.h"
 #include "updates/LiveUpdateCheck.h"
@@ -17,12 +18,15 @@ namespace zolva {
 
 ZolvaApp::ZolvaApp(QObject* parent)
     : QObject(parent), m_prefs(systemPrefsStore()), m_appearance(systemColorScheme()),
-      m_reducedMotion(systemReducedMotion()), m_model(dependencies()), m_screens(m_model, m_clock)
+      m_reducedMotion(systemReducedMotion()), m_model(dependencies()), m_screens(m_model, m_clock),
+      m_delegate(m_clock), m_menuBar(systemTrayItem(), m_screens, m_engine, m_clock)
 {
-    m_delegate.setHasTray(hasTray());
     // Not quit(), which would ask again.
     connect(&m_delegate, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
     connect(&m_signals, &QuitSignals::asked, &m_delegate, &AppDelegate::shouldTerminate);
+    MenuPanelModel* const menu = m_screens.menu();
+    connect(menu, &MenuPanelModel::mainWanted, &m_delegate, &AppDelegate::shouldHandleReopen);
+    connect(menu, &MenuPanelModel::quitWanted, &m_delegate, &AppDelegate::shouldTerminate);
     followSession();
 }
 
@@ -52,6 +56,19 @@ void ZolvaApp::followSession()
         Qt::DirectConnection);
 }
 
+void ZolvaApp::startMenuBar(const QQuickWindow& window)
+{
+    connect(&m_menuBar, &MenuBarExtra::shownChanged, &m_delegate,
+            [this] { m_delegate.setHasTray(m_menuBar.isShown()); });
+    const auto followDesktop = [this] { m_menuBar.setOnDark(m_model.systemIsDark()); };
+    connect(&m_model, &AppModel::systemIsDarkChanged, this, followDesktop);
+    followDesktop();
+    // The window comes first.
+    connect(
+        &window, &QQuickWindow::frameSwapped, this, [this] { m_menuBar.start(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+}
+
 bool ZolvaApp::showWindow()
 {
     m_engine.addImportPath(QStringLiteral("qrc:/qml"));
@@ -69,6 +86,10 @@ bool ZolvaApp::showWindow()
     // The window's own signal, for its keys and buttons.
     connect(window, SIGNAL(closeWanted()), &m_delegate, SLOT(shouldClose()));
     m_delegate.setModel(&m_screens);
+    // Closed it keeps nothing of what it is drawn with.
+    window->setPersistentGraphics(false);
+    window->setPersistentSceneGraph(false);
+    startMenuBar(*window);
     // Nothing of it may keep the window waiting.
     connect(
         window, &QQuickWindow::frameSwapped, this, [this] { m_model.checkForUpdatesIfDue(); },

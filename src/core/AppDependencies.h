@@ -29,6 +29,8 @@ struct AppReads
 {
     std::function<QCoro::Task<std::vector<InstallerItem>>()> installers;
     std::function<QCoro::Task<std::vector<diskAccess::Location>>()> blockedLocations;
+    /// Of the home's volume, at once, as bytes; empty where it has none.
+    std::function<std::string()> volumeName{};
 };
 
 /// Places that are shown to the user outside this program. Where there is none, nothing happens.
@@ -39,6 +41,8 @@ struct AppDoors
     std::function<void()> trash;
     /// A page of the web, by its whole address.
     std::function<void(const std::string& url)> page;
+    /// The item at the path, selected in its folder; it may begin with a tilde, and be gone.
+    std::function<void(const std::string& path)> reveal;
 };
 
 /// What removals read and change outside this program.

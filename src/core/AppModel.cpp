@@ -100,6 +100,13 @@ void AppModel::openPage(const std::string& url) const
     }
 }
 
+void AppModel::reveal(const std::string& path) const
+{
+    if (m_doors.reveal) {
+        m_doors.reveal(path);
+    }
+}
+
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)
 {
     if (m_blockedLocations != blocked) {

@@ -87,12 +87,16 @@ public:
         return m_blockedLocations;
     }
     [[nodiscard]] bool showAccessIntro() const { return m_showAccessIntro; }
+    /// Of the volume that holds the home, as bytes; empty where it has none.
+    [[nodiscard]] std::string volumeName() const;
     /// For good: it never comes back.
     void dismissAccessIntro(bool openSettings);
     /// Where the system lets the user grant access to folders.
     void openAccessSettings() const;
     /// A page of the web in the user's browser.
     void openPage(const std::string& url) const;
+    /// Shows the item in its folder, in the desktop's own file manager: `tildePath` form or not.
+    void reveal(const std::string& path) const;
 
     /// The last step of a start: looks for an update if the last look was a day ago. Apart from the
     /// others, since it writes, and loads what the network needs: it may wait for the first frame.

@@ -16,6 +16,7 @@ inline constexpr auto logFolder = "No program was found that can open the log fo
 inline constexpr auto accessSettings =
     "No settings program was found. Your file manager can change who may read a folder.";
 inline constexpr auto page = "No program was found that can open web pages. The address is ";
+inline constexpr auto reveal = "No program was found that can show ";
 } // namespace placewords
 
 /// Where the doors lead, and whom they tell. Paths are bytes and absolute.

@@ -214,6 +214,24 @@ TEST_F(ModelStart, DismissingTheIntroIsRememberedAndLoggedAndOpensNothingUnasked
     EXPECT_EQ(probes.count(), 1U);
 }
 
+TEST_F(ModelStart, AnItemIsRevealedByTheDesktopUnderThePathThatItIsCalled)
+{
+    AppModel& m = start();
+    steps.clear();
+    m.reveal("~/a\xFF/b.dmg");
+    EXPECT_EQ(steps, Steps{"revealed ~/a\xFF/b.dmg"});
+}
+
+TEST_F(ModelStart, WithoutADesktopNothingIsRevealed)
+{
+    AppDependencies all = dependencies();
+    all.doors = {};
+    AppModel m(std::move(all));
+    steps.clear();
+    m.reveal("~/b.dmg");
+    EXPECT_TRUE(steps.empty());
+}
+
 TEST_F(ModelStart, DismissingTheIntroOpensTheSettingsBeforeItIsLogged)
 {
     AppModel& m = start();

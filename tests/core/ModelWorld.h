@@ -138,12 +138,13 @@ struct ModelWorld
                           [this] {
                               steps.emplace_back("access probed");
                               return probes.ask();
-                          }},
+                          },
+                      .volumeName = [this] { return volumeName; }},
             .disk = {.disk = disk,
                      .space =
                          [this] {
                              steps.emplace_back("space read");
-                             return VolumeSpace{100, 200};
+                             return volumeSpace;
                          },
                      .processes = std::make_unique<ScriptedProcesses>(),
                      .scanResidue = [](const UninstallApp&, const std::vector<UninstallApp>&)
@@ -154,10 +155,12 @@ struct ModelWorld
                     steps.push_back("crashes caught in " + folder);
                 },
             .appearance = &appearance,
-            .doors = {.accessSettings = [this] { steps.emplace_back("access settings opened"); },
-                      .logFolder = [this] { steps.emplace_back("log folder opened"); },
-                      .trash = [this] { steps.emplace_back("Trash opened"); },
-                      .page = [this](const std::string& url) { steps.push_back("page " + url); }},
+            .doors = {
+                .accessSettings = [this] { steps.emplace_back("access settings opened"); },
+                .logFolder = [this] { steps.emplace_back("log folder opened"); },
+                .trash = [this] { steps.emplace_back("Trash opened"); },
+                .page = [this](const std::string& url) { steps.push_back("page " + url); },
+                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); }},
             .updates = {bundle,
                         [this](const QUrl& url, const std::string& key, std::int64_t build,
                                const std::stop_token& /*stop*/) {
@@ -206,6 +209,8 @@ struct ModelWorld
     }
 
     std::string logFolder;
+    std::string volumeName = "Quiet Disk";
+    VolumeSpace volumeSpace{100, 200};
     Steps steps;
     ManualClock clock;
     RecordingStore store{steps};

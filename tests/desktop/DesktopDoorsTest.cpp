@@ -9,6 +9,7 @@
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QStringList>
+#include <QThreadPool>
 
 #include <filesystem>
 #include <fstream>
@@ -266,6 +267,80 @@ TEST_F(Doors, TellThatThereAreNoSettings)
     doors(noBus())->openAccessSettings();
     EXPECT_EQ(told, QStringList{QStringLiteral("No settings program was found. Your file manager "
                                                "can change who may read a folder.")});
+}
+
+TEST_F(Doors, ShowAnItemSelectedInItsFolder)
+{
+    PrivateBus bus;
+    FileManager manager(bus.connection());
+    tree.text("home/Downloads/tool.dmg", "x");
+    const auto opened = doors(bus.connection());
+    opened->reveal("~/Downloads/tool.dmg");
+    EXPECT_TRUE(manager.shown.isEmpty()) << "nobody waits for it";
+    pumpUntil([&] { return !manager.shown.isEmpty(); });
+    EXPECT_EQ(manager.shown.front().toStdString(), "ShowItems " + uri("home/Downloads/tool.dmg"));
+    EXPECT_EQ(manager.shown.size(), 1);
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, ShowAnItemWhoseNameIsNoText)
+{
+    PrivateBus bus;
+    FileManager manager(bus.connection());
+    const std::string odd = tree.text("a b%\xFF#?", "x");
+    const auto opened = doors(bus.connection());
+    opened->reveal(odd);
+    pumpUntil([&] { return !manager.shown.isEmpty(); });
+    EXPECT_EQ(manager.shown.front().toStdString(), "ShowItems " + uri("a%20b%25%FF%23%3F"));
+}
+
+TEST_F(Doors, ShowTheFolderThatIsLeftOfAnItemThatIsGone)
+{
+    PrivateBus bus;
+    FileManager manager(bus.connection());
+    const auto opened = doors(bus.connection());
+    opened->reveal("~/gone/farther/tool.dmg");
+    pumpUntil([&] { return !manager.shown.isEmpty(); });
+    EXPECT_EQ(manager.shown.front().toStdString(), "ShowItems " + uri("home"));
+}
+
+TEST_F(Doors, OpenTheFolderOfAnItemWhereTheFileManagerRefusesToShowIt)
+{
+    program("xdg-open");
+    handler("inode/directory");
+    PrivateBus bus;
+    FileManager manager(bus.connection());
+    tree.text("home/Downloads/tool.dmg", "x");
+    manager.refused = QString::fromStdString(uri("home/Downloads/tool.dmg"));
+    const auto opened = doors(bus.connection());
+    opened->reveal("~/Downloads/tool.dmg");
+    awaitRun();
+    EXPECT_EQ(ran(), "xdg-open [" + uri("home/Downloads") + "]");
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, TellThatNothingShowsAnItem)
+{
+    tree.text("home/Downloads/tool.dmg", "x");
+    const auto opened = doors(noBus());
+    opened->reveal(tree.path("home/Downloads/tool.dmg"));
+    EXPECT_TRUE(told.isEmpty()) << "nobody waits for it";
+    pumpUntil([this] { return !told.isEmpty(); });
+    EXPECT_EQ(told, QStringList{QStringLiteral(
+                        "No program was found that can show ~/Downloads/tool.dmg.")});
+}
+
+TEST_F(Doors, ThatHaveClosedShowNothingMore)
+{
+    PrivateBus bus;
+    FileManager manager(bus.connection());
+    doors(bus.connection())->reveal("~");
+    QThreadPool::globalInstance()->waitForDone();
+    const auto later = doors(bus.connection());
+    later->openLogFolder();
+    pumpUntil([&] { return !manager.shown.isEmpty(); });
+    EXPECT_EQ(manager.shown.size(), 1);
+    EXPECT_TRUE(manager.shown.front().startsWith(QStringLiteral("ShowFolders ")));
 }
 
 } // namespace

@@ -78,7 +78,7 @@ TEST_F(TheCleanScreen, WithNoCategoriesTheCardIsEmptyAndNothingCanBeCleaned)
     scanned(m, {});
     EXPECT_TRUE(clean.isEmpty());
     EXPECT_EQ(clean.selectWord(), "Select all");
-    EXPECT_FALSE(clean.canClean());
+    EXPECT_FALSE(clean.canRemove());
     EXPECT_EQ(clean.selectedCount(), "0 of 0 categories selected");
     EXPECT_EQ(clean.buttonTitle(), "Clean 0 bytes");
     clean.toggleAll();
@@ -95,7 +95,7 @@ TEST_F(TheCleanScreen, SumsUpTheTicks)
     EXPECT_EQ(clean.selectedSize(), "4 KB");
     EXPECT_EQ(clean.selectedCount(), "2 of 4 categories selected");
     EXPECT_EQ(clean.buttonTitle(), "Clean 4 KB");
-    EXPECT_TRUE(clean.canClean());
+    EXPECT_TRUE(clean.canRemove());
     EXPECT_EQ(told.count(), 2);
 }
 
@@ -119,7 +119,7 @@ TEST_F(TheCleanScreen, TakesAllOrNone)
     clean.toggleAll();
     EXPECT_EQ(clean.selectWord(), "Select all");
     EXPECT_EQ(clean.selectedCount(), "0 of 4 categories selected");
-    EXPECT_FALSE(clean.canClean());
+    EXPECT_FALSE(clean.canRemove());
 }
 
 TEST_F(TheCleanScreen, TakesAllAlsoWhereOneIsProtected)
@@ -223,10 +223,10 @@ TEST_F(TheCleanScreen, AsksBeforeItCleansAndOnlyWithSomethingTicked)
 {
     AppModel& m = withFour();
     CleanModel clean(m);
-    clean.clean();
+    clean.remove();
     EXPECT_EQ(m.sheet(), std::nullopt);
     clean.pick("a", false);
-    clean.clean();
+    clean.remove();
     EXPECT_EQ(m.sheet(), "erase");
     EXPECT_TRUE(disk->changes().empty());
 }

@@ -15,8 +15,8 @@
 
 namespace zolva::test {
 
-/// What a list of rows has told, one text for each signal: "reset", "moved", "3", "3-5". It is
-/// under the model tester all the while.
+/// What a list of rows has told, one text for each signal: "reset", "moved", "3", "3-5", "gone 3",
+/// "new 3-5". It is under the model tester all the while.
 class ToldRows
 {
 public:
@@ -30,16 +30,29 @@ public:
         QObject::connect(
             rows, &QAbstractItemModel::dataChanged, &m_context,
             [this](const QModelIndex& first, const QModelIndex& last, const QList<int>& which) {
-                const std::string from = std::to_string(first.row());
-                told.push_back(first == last ? from : from + "-" + std::to_string(last.row()));
+                told.push_back(piece(first.row(), last.row()));
                 roles = which;
             });
+        QObject::connect(rows, &QAbstractItemModel::rowsRemoved, &m_context,
+                         [this](const QModelIndex&, int first, int last) {
+                             told.push_back("gone " + piece(first, last));
+                         });
+        QObject::connect(rows, &QAbstractItemModel::rowsInserted, &m_context,
+                         [this](const QModelIndex&, int first, int last) {
+                             told.push_back("new " + piece(first, last));
+                         });
     }
 
     std::vector<std::string> told;
     QList<int> roles; ///< of the last change
 
 private:
+    static std::string piece(int first, int last)
+    {
+        const std::string from = std::to_string(first);
+        return first == last ? from : from + "-" + std::to_string(last);
+    }
+
     QObject m_context;
     QAbstractItemModelTester m_tester;
 };
@@ -48,14 +61,6 @@ private:
 class ScreenBench : public WholeModel
 {
 protected:
-    static CatPath path(const std::string& where, std::int64_t bytes, bool prot = false)
-    {
-        CatPath one;
-        one.p = where;
-        one.b = bytes;
-        one.prot = prot;
-        return one;
-    }
     static std::vector<CatPath> paths(std::size_t count, std::int64_t bytes = 1000)
     {
         std::vector<CatPath> all;
@@ -64,30 +69,7 @@ protected:
         }
         return all;
     }
-    static Category cache(const std::string& id, std::vector<CatPath> all)
-    {
-        Category one = category(id);
-        one.paths = std::move(all);
-        return one;
-    }
-    static Project built(const std::string& where, std::int64_t bytes)
-    {
-        Project one = project(where);
-        one.b = bytes;
-        return one;
-    }
-    static InstallerItem image(const std::string& where, std::int64_t bytes)
-    {
-        InstallerItem one = installer(where);
-        one.b = bytes;
-        return one;
-    }
 
-    AppModel& ready()
-    {
-        store.values["zolva.seenAccessIntro"] = true;
-        return start();
-    }
     void scanned(AppModel& m, std::vector<Category> found)
     {
         unawaited(m.scanClean(true));
@@ -102,6 +84,24 @@ protected:
     {
         m.scanInstallers();
         installers.answer(installers.count() - 1, std::move(found));
+    }
+    static UninstallApp appOf(const std::string& name, std::int64_t bytes)
+    {
+        UninstallApp one = app(name);
+        one.bundleBytes = bytes;
+        return one;
+    }
+    void listed(AppModel& m, const std::vector<UninstallApp>& found)
+    {
+        m.live().forgetApps();
+        unawaited(m.live().loadApps());
+        script.lists.answer(script.lists.count() - 1, AppList(found));
+        held.enrich.answer(held.enrich.count() - 1, found);
+    }
+    /// What the application in focus has left behind.
+    void leftBehind(std::vector<ResidueRow> found) const
+    {
+        held.residue.answer(held.residue.count() - 1, std::move(found));
     }
     void blind(AppModel& m, const std::vector<std::string>& labels)
     {

@@ -32,7 +32,7 @@ TEST_F(TheScreens, GoingSomewhereClosesTheSheetWithoutRunningAnything)
     disk->put("/a", 1000);
     scanned(m, {cache("a", {path("/a", 1000)})});
     m.lists().setClean({"a"}, true);
-    screens.clean()->clean();
+    screens.clean()->remove();
     ASSERT_TRUE(screens.confirm()->isOpen());
     screens.go("purge");
     EXPECT_FALSE(screens.confirm()->isOpen());

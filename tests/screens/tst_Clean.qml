@@ -48,16 +48,16 @@ ScreenCase {
         press(Qt.Key_Return);
         press(Qt.Key_Space);
         compare(fixture.calls, ["clean scan"]);
-        compare(typed("CleanList"), null);
+        compare(typed("ListPage"), null);
     }
 
     function test_theEndOfTheScanBringsTheList() {
         fixture.beginCleanScan();
         open();
-        compare(typed("CleanList"), null);
+        compare(typed("ListPage"), null);
         fixture.finishCleanScan();
         settle();
-        verify(typed("CleanList"));
+        verify(typed("ListPage"));
     }
 
     function test_theKeyboardComesAlongToTheList() {
@@ -66,7 +66,7 @@ ScreenCase {
         press(Qt.Key_Return);
         fixture.finishCleanScan();
         settle();
-        verify(typed("CleanList").activeFocus);
+        verify(typed("ListPage").activeFocus);
     }
 
     function test_theSubtitleTellsWhereThingsGo() {
@@ -108,6 +108,18 @@ ScreenCase {
         verify(!spoken("Clean 0 bytes").enabled);
         compare(rows().length, 0);
         verify(!typed("RowsCard").visible);
+    }
+
+    function test_thePageOpensAtItsTopHoweverManyRowsItHas() {
+        showWindow("home");
+        for (let count = 1; count <= 14; ++count) {
+            fixture.categories(count, 1);
+            fixture.model.go("clean");
+            settle();
+            compare(typed("CollapsingPage").offset, 0, count + " rows");
+            fixture.model.go("home");
+            settle();
+        }
     }
 
     function test_withACategoryThatCardIsGone() {
@@ -225,7 +237,7 @@ ScreenCase {
     function test_theBarKeepsItsMeasures() {
         fixture.categories(2, 1);
         open();
-        const bar = typed("CleanBar");
+        const bar = typed("ListBar");
         const button = spoken("Clean 0 bytes");
         compare(place(button, bar).y, 17);
         compare(bar.height - endY(place(button, bar)), 22);
@@ -285,7 +297,7 @@ ScreenCase {
         fixture.pickAll("clean");
         showWindow("clean");
         fixture.holdDisk();
-        fixture.model.clean.clean();
+        fixture.model.clean.remove();
         fixture.model.confirm.confirm();
         verify(fixture.model.bulk.present);
         settle();

@@ -35,7 +35,7 @@ ScreenCase {
     }
 
     function head(name: string): Item {
-        return typed("CleanRowHead", row(name));
+        return typed("TickHead", row(name));
     }
 
     function opener(name: string): Item {
@@ -152,7 +152,7 @@ ScreenCase {
         list.contentY = row("Category 8").y - 500;
         settle();
         click(opener("Category 8"));
-        fuzzyCompare(endY(place(row("Category 8"))), place(typed("CleanBar")).y, 1);
+        fuzzyCompare(endY(place(row("Category 8"))), place(typed("ListBar")).y, 1);
     }
 
     function test_anOpenRowDoesNotHoldThePageAtItsTop() {
@@ -449,10 +449,10 @@ ScreenCase {
         settle();
         verify(focused() === head("Category 41"), focusedName());
         const at = place(focused());
-        verify(at.y >= 52 && endY(at) <= place(typed("CleanBar")).y);
+        verify(at.y >= 52 && endY(at) <= place(typed("ListBar")).y);
         press(Qt.Key_End);
         verify(focused() === head("Category 200"), focusedName());
-        verify(endY(place(focused())) <= place(typed("CleanBar")).y);
+        verify(endY(place(focused())) <= place(typed("ListBar")).y);
         press(Qt.Key_Home);
         verify(focused() === head("Category 1"), focusedName());
         verify(place(focused()).y >= 52);

@@ -140,7 +140,7 @@ TestCase {
         const fixture = make();
         fixture.categories(3, 5);
         fixture.pickAll("clean");
-        fixture.model.clean.clean();
+        fixture.model.clean.remove();
         verify(fixture.model.confirm.isOpen);
         const sheet = createTemporaryObject(sheets, tests, {model: fixture.model});
         compare(sheet.count, 14);
@@ -152,7 +152,7 @@ TestCase {
         const fixture = make();
         fixture.categories(1, 2);
         fixture.pickAll("clean");
-        fixture.model.clean.clean();
+        fixture.model.clean.remove();
         fixture.model.confirm.confirm();
         tryCompare(fixture.model.bulk, "present", false);
         tryVerify(() => fixture.calls.includes("trash ~/Library/Caches/category1/path2"));

@@ -27,10 +27,10 @@ ScreenCase {
         startFrom("Scan");
         press(Qt.Key_Return);
         fixture.categories(3, 1);
-        tryVerify(() => typed("CleanList"));
-        isOn("Rescan", typed("CleanList"));
+        tryVerify(() => typed("ListPage"));
+        isOn("Rescan", typed("ListPage"));
         press(Qt.Key_Tab);
-        isOn("Largest first", typed("CleanList"));
+        isOn("Largest first", typed("ListPage"));
     }
 
     function test_afterAScanTheArrowsGoThroughThePage() {
@@ -38,12 +38,12 @@ ScreenCase {
         startFrom("Scan");
         press(Qt.Key_Return);
         fixture.categories(3, 1);
-        tryVerify(() => typed("CleanList"));
-        isOn("Rescan", typed("CleanList"));
+        tryVerify(() => typed("ListPage"));
+        isOn("Rescan", typed("ListPage"));
         press(Qt.Key_Down);
-        isOn("Largest first", typed("CleanList"));
+        isOn("Largest first", typed("ListPage"));
         press(Qt.Key_Up);
-        isOn("Rescan", typed("CleanList"));
+        isOn("Rescan", typed("ListPage"));
     }
 
     function test_afterARescanTheKeyboardIsOnRescanAgain() {
@@ -53,7 +53,7 @@ ScreenCase {
         press(Qt.Key_Return);
         verify(written("Scanning…"));
         fixture.finishCleanScan();
-        isOn("Rescan", typed("CleanList"));
+        isOn("Rescan", typed("ListPage"));
     }
 
     function test_homesScanLeavesTheKeyboardOnItsPage() {
@@ -68,7 +68,7 @@ ScreenCase {
         showWindow("home");
         startFrom("Review Clean");
         press(Qt.Key_Return);
-        isOn("Rescan", typed("CleanList"));
+        isOn("Rescan", typed("ListPage"));
     }
 
     function test_afterThePointerTheFocusComesWithoutARing() {
@@ -107,7 +107,7 @@ ScreenCase {
         fixture.setBulk("Cleaning", 4, 1, "~/a");
         tryVerify(() => focusedName() === "Stop removing");
         fixture.clearBulk();
-        isOn("Deselect all", typed("CleanBar"));
+        isOn("Deselect all", typed("ListBar"));
     }
 
     function test_aButtonThatGoesDeadHandsTheKeyboardToTheNearest() {

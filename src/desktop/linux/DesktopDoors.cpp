@@ -1,9 +1,12 @@
 #include "desktop/linux/DesktopDoors.h"
 
+#include "async/Background.h"
+#include "async/Unawaited.h"
 #include "desktop/linux/DesktopHandlers.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QPointer>
 #include <QProcess>
 #include <QStringList>
 
@@ -19,6 +22,8 @@ namespace {
 constexpr int patience = 5000; // milliseconds, of which nobody waits any
 
 const auto fileManager = QStringLiteral("org.freedesktop.FileManager1");
+const auto showFolders = QStringLiteral("ShowFolders");
+const auto showItems = QStringLiteral("ShowItems");
 const auto trashUri = QStringLiteral("trash:///");
 
 /// The bytes as they are, whether or not they are text.
@@ -57,7 +62,7 @@ DesktopDoors::DesktopDoors(const QDBusConnection& bus, Places places, QObject* p
 
 void DesktopDoors::openTrash()
 {
-    showFolder(trashUri, [this] {
+    show(showFolders, trashUri, [this] {
         if (!openUri(trashUri, "x-scheme-handler/trash")) {
             openFolder(m_places.trashFolder, placewords::trash);
         }
@@ -83,15 +88,33 @@ void DesktopDoors::openPage(const std::string& url)
     }
 }
 
-void DesktopDoors::showFolder(const QString& uri, const Otherwise& otherwise)
+void DesktopDoors::reveal(const std::string& path)
+{
+    unawaited([](QPointer<DesktopDoors> self, std::string asked) -> QCoro::Task<> {
+        const RevealedPlace place = co_await background(revealedPlace, asked);
+        if (self) {
+            self->showItem(asked, place);
+        }
+    }(this, path));
+}
+
+void DesktopDoors::showItem(const std::string& asked, const RevealedPlace& place)
+{
+    show(showItems, uriOf(place.item), [this, asked, folder = uriOf(place.folder)] {
+        if (!openUri(folder, "inode/directory")) {
+            m_places.tell(cannotOpen(placewords::reveal, asked));
+        }
+    });
+}
+
+void DesktopDoors::show(const QString& method, const QString& uri, const Otherwise& otherwise)
 {
     if (!m_bus.isConnected()) {
         otherwise();
         return;
     }
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(fileManager, QStringLiteral("/org/freedesktop/FileManager1"),
-                                       fileManager, QStringLiteral("ShowFolders"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        fileManager, QStringLiteral("/org/freedesktop/FileManager1"), fileManager, method);
     call << QStringList{uri} << QString();
     auto* const waiting = new QDBusPendingCallWatcher(m_bus.asyncCall(call, patience), this);
     connect(waiting, &QDBusPendingCallWatcher::finished, this, [waiting, otherwise] {
@@ -111,7 +134,7 @@ void DesktopDoors::openFolder(const std::string& path, const char* words)
         }
     };
     if (isFolder(path)) {
-        showFolder(uri, otherwise);
+        show(showFolders, uri, otherwise);
     } else {
         m_places.tell(cannotOpen(words, path));
     }
@@ -124,7 +147,8 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [doors] { doors->openAccessSettings(); },
             .logFolder = [doors] { doors->openLogFolder(); },
             .trash = [doors] { doors->openTrash(); },
-            .page = [doors](const std::string& url) { doors->openPage(url); }};
+            .page = [doors](const std::string& url) { doors->openPage(url); },
+            .reveal = [doors](const std::string& path) { doors->reveal(path); }};
 }
 
 } // namespace zolva

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/OpenPlaces.h"
+#include "desktop/RevealedPlace.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -22,12 +23,15 @@ public:
     void openLogFolder();
     void openAccessSettings();
     void openPage(const std::string& url);
+    /// Looks for the item off the main thread.
+    void reveal(const std::string& path);
 
 private:
     using Otherwise = std::function<void()>;
 
     /// What cannot be shown by the file manager of the bus is tried otherwise.
-    void showFolder(const QString& uri, const Otherwise& otherwise);
+    void show(const QString& method, const QString& uri, const Otherwise& otherwise);
+    void showItem(const std::string& asked, const RevealedPlace& place);
     void openFolder(const std::string& path, const char* words);
 
     QDBusConnection m_bus;

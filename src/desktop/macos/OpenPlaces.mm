@@ -1,5 +1,9 @@
 #include "desktop/OpenPlaces.h"
 
+#include "async/Background.h"
+#include "async/Unawaited.h"
+#include "desktop/RevealedPlace.h"
+
 #import <AppKit/AppKit.h>
 
 namespace zolva {
@@ -46,6 +50,15 @@ void openPage(const Places& places, const std::string& address)
     }
 }
 
+QCoro::Task<> reveal(std::string path)
+{
+    const RevealedPlace place = co_await background(revealedPlace, path);
+    NSURL* item = [NSURL fileURLWithFileSystemRepresentation:place.item.c_str()
+                                                 isDirectory:place.item == place.folder
+                                               relativeToURL:nil];
+    [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ item ]];
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
@@ -53,7 +66,8 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [places] { openAccessSettings(places); },
             .logFolder = [places] { openLogFolder(places); },
             .trash = [places] { openTrash(places); },
-            .page = [places](const std::string& url) { openPage(places, url); }};
+            .page = [places](const std::string& url) { openPage(places, url); },
+            .reveal = [](const std::string& path) { unawaited(reveal(path)); }};
 }
 
 } // namespace zolva

@@ -1,42 +1,26 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import Zolva.Frame
-import Zolva.Model
+import Zolva.Lists
 import Zolva.Screens.Clean
 
 // The categories of what the machine makes anew by itself.
-FocusScope {
+ListScreen {
     id: screen
 
-    required property ScreenModel model
+    icon: "wand.and.sparkles"
+    linkWeight: Font.Normal
+    list: model.clean
+    message: "Zolva looks through your caches, logs and build artifacts, the things macOS rebuilds on its own."
+    nothing: "Nothing to clean right now. Your caches are already at their floor."
+    title: "Clean"
+    welcomeTitle: "Scan for cleanable files"
 
-    Slot {
-        anchors.fill: parent
-        component: screen.model.clean.page === CleanModel.List ? list : welcome
+    row: CleanRow {
+        clean: screen.model.clean
+        list: screen.list
+        width: ListView.view.width
     }
-
-    Component {
-        id: welcome
-
-        WelcomePage {
-            focus: true
-            icon: "wand.and.sparkles"
-            message: "Zolva looks through your caches, logs and build artifacts, the things macOS rebuilds on its own."
-            scanning: screen.model.clean.page === CleanModel.Scanning
-            subtitle: screen.model.clean.subtitle
-            title: "Clean"
-            welcomeTitle: "Scan for cleanable files"
-
-            onScan: screen.model.clean.scan()
-        }
-    }
-
-    Component {
-        id: list
-
-        CleanList {
-            focus: true
-            model: screen.model
-        }
+    summary: CleanSummary {
+        clean: screen.model.clean
     }
 }

@@ -5,42 +5,33 @@
 
 #include "screens/model/ShownText.h"
 
+#include <utility>
+
 namespace zolva {
 
 CleanModel::CleanModel(AppModel& model, QObject* parent)
-    : QObject(parent), m_model(model), m_rows(model),
-      m_sort(model, "clean", {SortKey::SizeDesc, SortKey::NameAsc})
+    : CleanModel(model, std::make_unique<CleanRows>(model), parent)
+{}
+
+CleanModel::CleanModel(AppModel& model, std::unique_ptr<CleanRows> rows, QObject* parent)
+    : ListScreenModel(model, std::move(rows),
+                      {"clean", "erase", "Clean", {SortKey::SizeDesc, SortKey::NameAsc}}, parent),
+      m_categories(static_cast<const CleanRows&>(*this->rows()))
 {
-    connect(&model.live(), &LiveData::cleanChanged, this, &CleanModel::pageChanged);
-    connect(&model.live(), &LiveData::cleanChanged, this, &CleanModel::changed);
-    connect(&m_rows, &CleanRows::shownChanged, this, &CleanModel::recount);
-    connect(&m_rows, &CleanRows::ticksChanged, this, &CleanModel::refreshTicks);
+    connect(&model.live(), &LiveData::cleanChanged, this, &CleanModel::followState);
+    connect(this->rows(), &ListRows::shownChanged, this, &CleanModel::refreshNote);
     connect(&model.settings(), &AppSettings::keepInTrashChanged, this, &CleanModel::refreshNote);
-    recount();
+    refreshNote();
 }
 
-CleanModel::Page CleanModel::page() const
+LoadState CleanModel::state() const
 {
-    return pageOf(m_model.live().clean().state());
-}
-
-CleanModel::Page CleanModel::pageOf(LoadState clean)
-{
-    switch (clean) {
-    case LoadState::Loading:
-        return Scanning;
-    case LoadState::Loaded:
-        return List;
-    case LoadState::Idle:
-    case LoadState::Failed:
-        break;
-    }
-    return Welcome;
+    return model().live().clean().state();
 }
 
 QString CleanModel::subtitle() const
 {
-    return m_model.settings().keepInTrash()
+    return model().settings().keepInTrash()
                ? QStringLiteral("Caches and build artifacts your Mac rebuilds on its own. These go "
                                 "to the Trash, so you can put them back.")
                : QStringLiteral("Caches and build artifacts your Mac rebuilds on its own. Cleaning "
@@ -49,24 +40,14 @@ QString CleanModel::subtitle() const
 
 QString CleanModel::selectedSize() const
 {
-    return shownSize(m_selectedBytes);
+    return shownSize(selectedBytes());
 }
 
 QString CleanModel::selectedCount() const
 {
-    return QString::number(m_selectedCategories) + QStringLiteral(" of ") +
-           countedCategories(static_cast<std::int64_t>(m_rows.shown().size())) +
+    return QString::number(model().removal().selectedCategoryCount()) + QStringLiteral(" of ") +
+           countedCategories(static_cast<std::int64_t>(rows()->size())) +
            QStringLiteral(" selected");
-}
-
-bool CleanModel::isEmpty() const
-{
-    return page() == List && m_rows.shown().empty();
-}
-
-QString CleanModel::selectWord() const
-{
-    return m_rows.isAllTicked() ? QStringLiteral("Deselect all") : QStringLiteral("Select all");
 }
 
 QString CleanModel::note() const
@@ -74,67 +55,36 @@ QString CleanModel::note() const
     return m_note;
 }
 
-QString CleanModel::buttonTitle() const
-{
-    return QStringLiteral("Clean ") + selectedSize();
-}
-
-bool CleanModel::canClean() const
-{
-    return m_selectedBytes != 0;
-}
-
 void CleanModel::scan()
 {
-    unawaited(m_model.scanClean(false));
+    unawaited(model().scanClean(false));
 }
 
 void CleanModel::rescan()
 {
-    m_model.rescanClean();
+    model().rescanClean();
 }
 
-void CleanModel::pick(const QString& id, bool shift)
+void CleanModel::pickRow(const std::string& key, const Keys& order, bool shift)
 {
-    const std::string row = id.toStdString();
-    if (m_rows.isTickable(row)) {
-        m_model.lists().pickClean(row, m_rows.order(), shift);
-    }
+    model().lists().pickClean(key, order, shift);
+}
+
+void CleanModel::setAll(const Keys& keys, bool ticked)
+{
+    model().lists().setClean(keys, ticked);
 }
 
 void CleanModel::toggleOpen(const QString& id)
 {
-    AppLists& lists = m_model.lists();
-    std::optional<std::string> row = id.toStdString();
+    AppLists& lists = model().lists();
+    std::optional<std::string> row = ListRows::keyOf(id);
     lists.setOpenCat(lists.openCat() == row ? std::nullopt : std::move(row));
-}
-
-void CleanModel::toggleAll()
-{
-    m_model.lists().setClean(m_rows.order(), !m_rows.isAllTicked());
-}
-
-void CleanModel::clean()
-{
-    m_model.raiseSheet("erase");
-}
-
-void CleanModel::recount()
-{
-    refreshTicks();
-    refreshNote();
 }
 
 void CleanModel::refreshNote()
 {
-    m_note = cleanNote(m_rows.protectedPaths(), m_model.settings().keepInTrash());
-    Q_EMIT changed();
-}
-
-void CleanModel::refreshTicks()
-{
-    m_selectedBytes = m_rows.tickedBytes();
-    m_selectedCategories = m_model.removal().selectedCategoryCount();
+    m_note = cleanNote(m_categories.protectedPaths(), model().settings().keepInTrash());
     Q_EMIT changed();
 }
 

@@ -102,6 +102,9 @@ public:
         all.doors.page = [this](const std::string& url) {
             calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
         };
+        all.doors.reveal = [this](const std::string& path) {
+            calls.push_back(QStringLiteral("revealed ") + QString::fromStdString(path));
+        };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
@@ -298,6 +301,19 @@ void Fixture::failAppsScan()
            "the reading of the apps");
 }
 
+void Fixture::finishLeftovers(const QVariantList& rows)
+{
+    finish(m_world->fakes.held.residue, leftoversFrom(rows), "the search for leftovers");
+}
+
+void Fixture::hold(const QString& path, bool adminMayMove)
+{
+    disk().fail(path.toStdString(), "not permitted");
+    if (adminMayMove) {
+        disk().allowAdmin(path.toStdString());
+    }
+}
+
 void Fixture::pickAll(const QString& list, bool picked)
 {
     AppLists::Keys keys;
@@ -322,6 +338,18 @@ void Fixture::pickAll(const QString& list, bool picked)
         }
         app().live().setApps(keys, picked);
     }
+}
+
+void Fixture::setVolumeName(const QString& name)
+{
+    m_world->fakes.volumeName = name.toStdString();
+}
+
+void Fixture::setVolumeSpace(double available, double total)
+{
+    m_world->fakes.volumeSpace = {static_cast<std::int64_t>(available),
+                                  static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
 }
 
 void Fixture::openSheet(const QString& id)

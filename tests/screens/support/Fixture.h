@@ -28,8 +28,8 @@ class Fixture : public QObject
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
     /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
-    /// opened", "update check", "page ADDRESS" and "toast: ACTION"; behind these, in order, "trash
-    /// PATH", "purge PATH", "delete NAME" ….
+    /// opened", "update check", "page ADDRESS", "revealed PATH" and "toast: ACTION"; behind these,
+    /// in order, "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
@@ -56,7 +56,7 @@ public:
     Q_INVOKABLE void setInstallers(const QVariantList& rows);
     /// "~/Downloads/installer1.dmg" …
     Q_INVOKABLE void installers(int count);
-    /// `{name, bundleID, path, source, version, bundleBytes}`
+    /// `{name, bundleID, path, source, size, version, installed, bundleBytes}`, the day in ISO form
     Q_INVOKABLE void setApps(const QVariantList& rows);
     /// "/Applications/App 1.app" …
     Q_INVOKABLE void apps(int count);
@@ -72,6 +72,12 @@ public:
     Q_INVOKABLE void beginAppsScan();
     Q_INVOKABLE void finishAppsScan();
     Q_INVOKABLE void failAppsScan(); ///< the only one that can fail
+    /// The search for the leftovers of the application in focus ends with these:
+    /// `{loc, p, n, b, shared, sharedWith}`
+    Q_INVOKABLE void finishLeftovers(const QVariantList& rows);
+
+    /// It stays on the disk whatever is tried, but for an administrator where that helps.
+    Q_INVOKABLE void hold(const QString& path, bool adminMayMove);
 
     /// Ticks, or unticks, every row of a list: "clean", "purge", "installer" or "uninstall".
     Q_INVOKABLE void pickAll(const QString& list, bool picked = true);
@@ -93,6 +99,10 @@ public:
     Q_INVOKABLE QUuid addToast(const QString& kind, const QString& text,
                                const QString& actionTitle = {});
     Q_INVOKABLE void advance(int ms);
+    /// Read by the panel of the menu bar when it opens.
+    Q_INVOKABLE void setVolumeName(const QString& name);
+    /// Bytes, as the meter reads them; nothing is known of it before.
+    Q_INVOKABLE void setVolumeSpace(double available, double total);
 
     /// As the probe of an installer scan finds them; that scan is finished with the rows set.
     Q_INVOKABLE void setBlocked(const QStringList& labels);

@@ -1,5 +1,8 @@
 #include "Rows.h"
 
+#include <QDateTime>
+
+#include <chrono>
 #include <string>
 
 namespace zolva::test {
@@ -102,11 +105,34 @@ std::vector<UninstallApp> appsFrom(const QVariantList& rows)
         made.bundleID = text(row, "bundleID");
         made.path = text(row, "path");
         made.source = text(row, "source");
+        made.size = text(row, "size");
         if (row.contains(QStringLiteral("version"))) {
             made.version = text(row, "version");
         }
         if (row.contains(QStringLiteral("bundleBytes"))) {
             made.bundleBytes = number(row, "bundleBytes");
+        }
+        if (row.contains(QStringLiteral("installed"))) {
+            const QDate day =
+                QDate::fromString(QString::fromStdString(text(row, "installed")), Qt::ISODate);
+            made.installedDate =
+                TimePoint(std::chrono::milliseconds(day.startOfDay().toMSecsSinceEpoch()));
+        }
+        return made;
+    });
+}
+
+std::vector<ResidueRow> leftoversFrom(const QVariantList& rows)
+{
+    return allOf<ResidueRow>(rows, [](const QVariantMap& row) {
+        ResidueRow made;
+        made.loc = text(row, "loc");
+        made.p = text(row, "p");
+        made.n = number(row, "n");
+        made.b = number(row, "b");
+        made.shared = flag(row, "shared");
+        if (row.contains(QStringLiteral("sharedWith"))) {
+            made.sharedWith = text(row, "sharedWith");
         }
         return made;
     });

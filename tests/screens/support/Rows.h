@@ -14,6 +14,7 @@ namespace zolva::test {
 [[nodiscard]] std::vector<Project> projectsFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<InstallerItem> installersFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<UninstallApp> appsFrom(const QVariantList& rows);
+[[nodiscard]] std::vector<ResidueRow> leftoversFrom(const QVariantList& rows);
 
 [[nodiscard]] std::vector<Category> manyCategories(int count, int pathsEach);
 [[nodiscard]] std::vector<Project> manyProjects(int count);

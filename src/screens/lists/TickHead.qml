@@ -1,9 +1,8 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Kit
-import Zolva.Model
 
-// What of a category is in sight even while it is closed; it ticks it.
+// A box, two lines beside it and an amount, which together are one button that ticks.
 PointerButton {
     id: head
 
@@ -12,24 +11,32 @@ PointerButton {
     required property bool tickable
     required property bool ticked
     required property string trailing
-    required property int trailingKind
-    required property bool openerHovered
-    readonly property bool isSize: trailingKind === CleanRows.Size
+    property real nameSize: 13.5
+    property int nameElide: Text.ElideMiddle
+    property color descColor: Theme.palette.label3
+    /// An amount, or else words in its place.
+    property bool isSize: tickable
+    property real wordsSize: 12
+    /// At the trailing side, for what stands there beside the amount.
+    property real room: 18
+    property bool isSpoken: true
+    /// Also by what stands on it.
+    property bool isLit: hovering
 
     Accessible.checkable: tickable
     Accessible.checked: ticked
+    Accessible.ignored: !isSpoken
     enabled: tickable
     implicitHeight: 62
     ringInset: 4
     ringRadius: 13
-    spokenHint: "Include this category in the next clean"
     spokenName: name
 
     HoverFill {
         anchors.fill: parent
         anchors.margins: 4
         hover: Theme.palette.cardHover
-        hovering: head.hovering || head.openerHovered
+        hovering: head.isLit
         radius: 9
     }
 
@@ -50,8 +57,9 @@ PointerButton {
         anchors.leftMargin: 14
         anchors.right: amount.left
         anchors.rightMargin: 16
-        elide: Text.ElideRight
-        size: 14
+        elide: head.nameElide
+        maximumLineCount: 1
+        size: head.nameSize
         text: head.name
         weight: Font.Medium
         y: Math.round((head.height - height - 3 - words.height) / 2)
@@ -65,7 +73,7 @@ PointerButton {
         anchors.right: title.right
         anchors.top: title.bottom
         anchors.topMargin: 3
-        color: Theme.palette.label2
+        color: head.descColor
         elide: Text.ElideRight
         maximumLineCount: 1
         size: 12.5
@@ -77,10 +85,10 @@ PointerButton {
 
         Accessible.ignored: true
         anchors.right: parent.right
-        anchors.rightMargin: 48
+        anchors.rightMargin: head.room
         anchors.verticalCenter: parent.verticalCenter
         color: head.isSize ? Theme.palette.label : Theme.palette.label3
-        size: head.isSize ? 14 : head.trailingKind === CleanRows.NeedsPassword ? 12.5 : 12
+        size: head.isSize ? 14 : head.wordsSize
         text: head.trailing
         weight: head.isSize ? Font.DemiBold : Font.Normal
     }

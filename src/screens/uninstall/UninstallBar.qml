@@ -6,12 +6,12 @@ import Zolva.Kit
 import Zolva.Model
 import Zolva.Sheets
 
-// What goes, or how far it has gone.
+// What becomes of the ticked applications, or how far a run has gone.
 ActionBar {
     id: bar
 
     required property ScreenModel model
-    readonly property CleanModel clean: model.clean
+    readonly property UninstallModel uninstall: model.uninstall
     readonly property bool isBusy: model.bulk.present
 
     height: implicitHeight
@@ -19,7 +19,6 @@ ActionBar {
     BulkProgressView {
         bulk: bar.model.bulk
         enabled: bar.isBusy
-        focus: bar.isBusy
         height: implicitHeight
         visible: bar.isBusy
         width: parent.width
@@ -35,34 +34,21 @@ ActionBar {
 
         Label {
             Layout.fillWidth: true
-            Layout.maximumWidth: 420
             color: Theme.palette.label3
             size: 13
-            text: bar.clean.note
+            text: bar.uninstall.note
             wrapMode: Text.Wrap
         }
 
-        Item {
-            Layout.fillWidth: true
-        }
-
-        LinkButton {
-            font: Face.text(13)
-            hoverColor: Theme.palette.accentHover
-            title: bar.clean.selectWord
-
-            onClicked: bar.clean.toggleAll()
-        }
-
         PillButton {
-            enabled: bar.clean.canClean
+            enabled: bar.uninstall.canUninstall
             font: Face.text(13.5, Font.DemiBold)
-            opacity: bar.clean.canClean ? 1 : 0.45
+            opacity: bar.uninstall.canUninstall ? 1 : 0.45
             radius: 9
             role: PillButton.Accent
-            title: bar.clean.buttonTitle
+            title: bar.uninstall.buttonTitle
 
-            onClicked: bar.clean.clean()
+            onClicked: bar.uninstall.uninstall()
         }
     }
 }
