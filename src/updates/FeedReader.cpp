@@ -127,8 +127,9 @@ QCoro::Task<> endAfter(Clock* clock, std::chrono::milliseconds patience,
 
 } // namespace
 
-FeedReader::FeedReader(Clock& clock, std::stop_token stop, FeedLimits limits, QSslConfiguration tls)
-    : m_clock(clock), m_stop(std::move(stop)), m_limits(limits), m_tls(std::move(tls))
+FeedReader::FeedReader(Clock& clock, std::stop_token stop, FeedLimits limits,
+                       const QSslConfiguration& tls)
+    : m_clock(clock), m_stop(std::move(stop)), m_limits(limits), m_tls(tls)
 {}
 
 QCoro::Task<FeedReader::Document> FeedReader::document(QUrl address)

@@ -35,7 +35,7 @@ public:
 
     /// A stop ends what is under way, with any error.
     FeedReader(Clock& clock, std::stop_token stop, FeedLimits limits = {},
-               QSslConfiguration tls = QSslConfiguration::defaultConfiguration());
+               const QSslConfiguration& tls = QSslConfiguration::defaultConfiguration());
 
     /// The body of the answer, whatever its status; an error where none came whole.
     [[nodiscard]] QCoro::Task<Document> document(QUrl address);
