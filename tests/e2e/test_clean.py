@@ -12,7 +12,6 @@ TRASHED = "They go to the Trash, so you can put them back."
 NOTE = "Your Mac rebuilds these caches on its own. Anything already in your Trash is left alone."
 SUBTITLE = ("Caches and build artifacts your Mac rebuilds on its own. These go to the Trash, so you "
             "can put them back.")
-TRASH = ".local/share/Trash"
 
 
 def counted(number, noun, plural=None):
@@ -128,20 +127,6 @@ class CleanCase(WindowCase):
         size = sum(path.size for path in self.picked(names))
         self.button("Clean " + size_text(size)).press()
         return self.sheet(names)
-
-    def assert_moved(self, before, paths):
-        """These lie whole in the Trash, and nothing else has changed anywhere in the home."""
-        after = self.everything()
-        gone = [path.short for path in paths]
-        expected = disk.without(before, gone)
-        for short in gone:
-            name = os.path.basename(short)
-            for below, told in disk.below(before, short).items():
-                expected[TRASH + "/files/" + name + below] = told
-        infos = {TRASH + "/info/" + os.path.basename(short) + ".trashinfo" for short in gone}
-        self.assert_same({short: told for short, told in after.items() if short not in infos},
-                         expected)
-        self.assertEqual({short for short in infos if short in after}, infos)
 
 
 class Clean(CleanCase):

@@ -3,13 +3,18 @@ import QtQuick
 import QtQuick.Templates as T
 import Zolva.Kit
 
-/// One entry of a `PopupMenu`, with a check mark where it is the current one.
+/// One entry of a `PopupMenu`: one of several choices, with a check mark where it is the current one,
+/// or something to do, with a symbol of its own.
 T.MenuItem {
     id: item
 
     property bool current: false
+    property string symbol
+    property bool isDestructive: false
+    readonly property bool isChoice: symbol === ""
+    readonly property color ink: isDestructive ? Theme.palette.red : Theme.palette.label
 
-    Accessible.checkable: true
+    Accessible.checkable: isChoice
     Accessible.checked: current
     Accessible.name: text
     Accessible.role: Accessible.MenuItem
@@ -28,6 +33,7 @@ T.MenuItem {
     }
     contentItem: Label {
         Accessible.ignored: true
+        color: item.ink
         elide: Text.ElideRight
         font: item.font
         text: item.text
@@ -42,10 +48,10 @@ T.MenuItem {
         anchors.left: parent.left
         anchors.leftMargin: 9
         anchors.verticalCenter: parent.verticalCenter
-        color: Theme.palette.label
-        name: "checkmark"
+        color: item.ink
+        name: item.isChoice ? "checkmark" : item.symbol
         size: 11
-        visible: item.current
+        visible: item.current || !item.isChoice
         weight: Font.Medium
     }
 }

@@ -7,6 +7,8 @@
 #include "screens/model/CleanModel.h"
 #include "screens/model/ConfirmModel.h"
 #include "screens/model/HomeModel.h"
+#include "screens/model/InstallerModel.h"
+#include "screens/model/PurgeModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
 #include "screens/model/UninstallModel.h"
@@ -31,6 +33,8 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::SidebarModel* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(zolva::HomeModel* home READ home CONSTANT)
     Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
+    Q_PROPERTY(zolva::PurgeModel* purge READ purge CONSTANT)
+    Q_PROPERTY(zolva::InstallerModel* installer READ installer CONSTANT)
     Q_PROPERTY(zolva::UninstallModel* uninstall READ uninstall CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
@@ -48,6 +52,8 @@ public:
     [[nodiscard]] SidebarModel* sidebar() { return &m_sidebar; }
     [[nodiscard]] HomeModel* home() { return &m_home; }
     [[nodiscard]] CleanModel* clean() { return &m_clean; }
+    [[nodiscard]] PurgeModel* purge() { return &m_purge; }
+    [[nodiscard]] InstallerModel* installer() { return &m_installer; }
     [[nodiscard]] UninstallModel* uninstall() { return &m_uninstall; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
@@ -68,6 +74,8 @@ private:
     SidebarModel m_sidebar;
     HomeModel m_home;
     CleanModel m_clean;
+    PurgeModel m_purge;
+    InstallerModel m_installer;
     UninstallModel m_uninstall;
     ConfirmModel m_confirm;
     BulkModel m_bulk;

@@ -19,7 +19,7 @@ STATES = {1: "active", 4: "checked", 8: "enabled", 9: "expandable", 10: "expande
           12: "focused", 23: "selected", 24: "sensitive", 25: "showing", 30: "visible",
           41: "checkable", 16: "modal"}
 KEYS = {"Tab": 0xff09, "Return": 0xff0d, "Escape": 0xff1b, "space": 0x20, "Up": 0xff52,
-        "Down": 0xff54, "F4": 0xffc1, "F9": 0xffc6}
+        "Down": 0xff54, "Menu": 0xff67, "F4": 0xffc1, "F9": 0xffc6}
 KEYS.update({sign: ord(sign) for sign in "12345678" + string.ascii_lowercase})
 # Hardware codes of the modifiers on the display's keyboard.
 MODIFIERS = {"Shift": 50, "Control": 37, "Alt": 64}

@@ -5,6 +5,7 @@ import json
 import os
 import unittest
 
+from driver import disk
 from driver.bus import Bus, Gone
 from driver.disk import blocks, size_text, snapshot
 from driver.world import World
@@ -16,6 +17,8 @@ PATIENCE = int(os.environ.get("ZOLVA_PATIENCE", "30"))
 OWN_FILES = (".config/zolva", ".local/state/zolva", ".cache/zolva", "Library/Logs/Zolva",
              ".cache/mesa_shader_cache", ".cache/fontconfig",
              ".cache/qtshadercache-x86_64-little_endian-lp64")
+
+TRASH = ".local/share/Trash"
 
 
 class WindowCase(unittest.TestCase):
@@ -193,8 +196,22 @@ class WindowCase(unittest.TestCase):
         if lines:
             self.fail("the disk differs:\n" + "\n".join(lines[:40]))
 
+    def assert_moved(self, before, paths):
+        """These lie whole in the Trash, and nothing else has changed anywhere in the home."""
+        after = self.everything()
+        gone = [path.short for path in paths]
+        expected = disk.without(before, gone)
+        for short in gone:
+            name = os.path.basename(short)
+            for below, told in disk.below(before, short).items():
+                expected[TRASH + "/files/" + name + below] = told
+        infos = {TRASH + "/info/" + os.path.basename(short) + ".trashinfo" for short in gone}
+        self.assert_same({short: told for short, told in after.items() if short not in infos},
+                         expected)
+        self.assertEqual({short for short in infos if short in after}, infos)
+
     def trash_files(self):
-        return self.home(".local/share/Trash/files")
+        return self.home(TRASH, "files")
 
     def trash(self):
         entries = os.listdir(self.trash_files())

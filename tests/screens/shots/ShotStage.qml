@@ -110,10 +110,31 @@ Item {
             }];
     }
 
+    function projects(): list<var> {
+        const rows = [["~/Projects/harbour", "target", 6210000000, 41], ["~/Code/lantern", "node_modules", 1840000000, 2], ["~/Projects/meadow/web", "node_modules", 1320000000, 153], ["~/Code/orchard", ".venv", 986000000, 6], ["~/Code/quarry", "node_modules", 744000000, 402], ["~/Projects/compass-for-the-very-long-way-home/packages/navigation/source/client", "build", 512000000, 33], ["~/Projects/meadow/web", "dist", 208000000, 153], ["~/Projects/thistle", ".gradle", 97000000, 1]];
+        return rows.map(row => ({
+                    p: row[0],
+                    artifact: row[1],
+                    b: row[2],
+                    age: row[3]
+                }));
+    }
+
+    function installers(): list<var> {
+        const rows = [["Lumen Editor 4.2.dmg", "Downloads", "~/Downloads", 1480000000, 64], ["debian-12-netinst.iso", "Downloads", "~/Downloads", 658000000, 210], ["Skylark Chat.dmg", "Desktop", "~/Desktop", 214000000, 12], ["printer-driver.pkg", "Downloads", "~/Downloads", 96000000, 1], ["ffmpeg--7.0.dmg", "Homebrew cache", "~/Library/Caches/Homebrew/downloads", 61000000, 45], ["fonts.pkg", "iCloud Drive", "~/Library/Mobile Documents/com~apple~CloudDocs/Downloads", 2400000, 55]];
+        return rows.map(row => ({
+                    name: row[0],
+                    src: row[1],
+                    p: row[2] + "/" + row[0],
+                    b: row[3],
+                    age: row[4]
+                }));
+    }
+
     function scanned(caches: int) {
         fixture.setCategories(categories(caches));
-        fixture.projects(12);
-        fixture.installers(4);
+        fixture.setProjects(projects());
+        fixture.setInstallers(installers());
         fixture.apps(37);
         fixture.setTrash(3, 233000000);
     }
@@ -187,6 +208,79 @@ Item {
         fixture.exclude("~/Library/Developer/Xcode/DerivedData/Lantern-abcdefgh");
         opened("Xcode DerivedData", 9);
     }
+
+    function purgeWelcome() {
+        fixture.model.go("purge");
+    }
+
+    function purgeScanning() {
+        fixture.model.go("purge");
+        fixture.beginPurgeScan();
+    }
+
+    function purgeEmpty() {
+        fixture.setProjects([]);
+        fixture.model.go("purge");
+    }
+
+    function purgeLoaded() {
+        scanned(9);
+        fixture.model.go("purge");
+        fixture.model.purge.pick("~/Projects/harbour/target", false);
+        fixture.model.purge.pick("~/Code/quarry/node_modules", false);
+    }
+
+    function purgeExcluded() {
+        fixture.exclude("~/Projects/meadow");
+        purgeLoaded();
+    }
+
+    function purgeRun() {
+        purgeLoaded();
+        fixture.setBulk("Removing build artifacts", 2, 1, "~/Code/quarry/node_modules");
+    }
+
+    function installersWelcome() {
+        fixture.model.go("installer");
+    }
+
+    function installersScanning() {
+        fixture.model.go("installer");
+        fixture.beginInstallerScan();
+    }
+
+    function installersEmpty() {
+        fixture.setInstallers([]);
+        fixture.model.go("installer");
+    }
+
+    function installersLoaded() {
+        scanned(9);
+        fixture.model.go("installer");
+        fixture.model.installer.pick("~/Downloads/Lumen Editor 4.2.dmg", false);
+        fixture.model.installer.pick("~/Desktop/Skylark Chat.dmg", false);
+    }
+
+    function find(item: Item, type: string): Item {
+        if (item.toString().startsWith(type + "_"))
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = find(item.children[i], type);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+
+    function installersMenu() {
+        installersLoaded();
+        const row = find(view, "InstallerRow");
+        find(view, "InstallerScreen").menu.openFor(row, Qt.point(300, 30));
+    }
+
+    function installersRun() {
+        installersLoaded();
+        fixture.setBulk("Removing installers", 2, 1, "~/Desktop/Skylark Chat.dmg");
 
     function uninstallWelcome() {
         fixture.model.go("uninstall");
