@@ -141,7 +141,7 @@ TEST_F(TheAppRows, OneThatIsUninstalledGoesAloneAndTheOthersStay)
     m.live().storeApps({appOf("delta", 1000), appOf("Alpha", 2000), appOf("Bravo", 4000)});
     EXPECT_EQ(names(rows), (Texts{"Bravo", "Alpha", "delta"}));
     EXPECT_EQ(delta.row(), 2);
-    EXPECT_EQ(told.told, (Texts{"0-2"}));
+    EXPECT_EQ(told.told, (Texts{"gone 1", "0-2"}));
 }
 
 TEST_F(TheAppRows, TellWhatHasChangedAboutAnApplicationThatStays)

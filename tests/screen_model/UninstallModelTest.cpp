@@ -9,7 +9,7 @@ namespace {
 class TheUninstallScreen : public ScreenBench
 {
 protected:
-    static QString id(const std::string& name) { return QString::fromStdString(app(name).id()); }
+    static QString id(const std::string& name) { return ListRows::idOf(app(name).id()); }
     /// In the order "d", "c", "b", "a".
     AppModel& withFour()
     {

@@ -199,6 +199,22 @@ ScreenCase {
         compare(typed("AppPane").detail.name, "App 3");
     }
 
+    function test_theApplicationInFocusIsInSightFromTheBeginning() {
+        fixture.apps(40);
+        fixture.model.uninstall.show("org.example.app30/Applications/App 30.app");
+        open();
+        const list = place(typed("AppList").listView);
+        const shown = place(row("App 30"));
+        verify(shown.y >= list.y && endY(shown) <= endY(list), shown);
+    }
+
+    function test_aListThatShowsItStaysAtItsTop() {
+        fixture.apps(40);
+        fixture.model.uninstall.show("org.example.app3/Applications/App 3.app");
+        open();
+        compare(typed("AppList").listView.contentY, 0);
+    }
+
     function test_theListHasItsPlaceAndItsHead() {
         openWithFour();
         const list = typed("AppList");
@@ -340,7 +356,7 @@ ScreenCase {
         verify(words);
         const pane = place(typed("AppPane"));
         fuzzyCompare(place(words).x + words.width / 2, pane.x + pane.width / 2, 1);
-        verify(all(typed("AppPane"), item => item.toString().startsWith("Symbol_") && item.visible)[0].name === "magnifyingglass");
+        compare(walk(typed("AppPane"), item => item instanceof Symbol && item.visible).name, "magnifyingglass");
     }
 
     function test_theApplicationInFocusIsDescribed() {
@@ -420,13 +436,21 @@ ScreenCase {
         fixture.finishLeftovers(["Caches", "Containers", "Group Containers", "Preferences", "WebKit storage", "HTTP storage", "Cookies"].map(name => shared(name, "Another")));
         settle();
         const scroll = walk(typed("AppPane"), item => item instanceof Flickable);
-        verify(scroll.activeFocusOnTab);
         scroll.forceActiveFocus(Qt.TabFocusReason);
         press(Qt.Key_Down);
         compare(scroll.contentY, 40);
         click(row("App 2"));
         compare(scroll.contentY, 0);
+    }
+
+    function test_thePaneIsComeToByTheTabKeyOnlyWhereThereIsMoreThanFits() {
+        openWithFour();
+        const scroll = walk(typed("AppPane"), item => item instanceof Flickable);
         verify(!scroll.activeFocusOnTab);
+        fixture.finishLeftovers(Array.from({length: 11}, (_, i) => shared("Place " + i, "Another")));
+        settle();
+        verify(scroll.activeFocusOnTab);
+        compare(scroll.Accessible.name, "App 1");
     }
 
     function test_theBarTellsWhereThingsGo() {

@@ -101,14 +101,14 @@ void UninstallModel::rescan()
 
 void UninstallModel::show(const QString& id)
 {
-    if (const UninstallApp* const app = m_rows.appOf(id.toStdString())) {
+    if (const UninstallApp* const app = m_rows.appOf(ListRows::keyOf(id))) {
         unawaited(m_model.live().focusApp(*app));
     }
 }
 
 void UninstallModel::pick(const QString& id, bool shift)
 {
-    const std::string row = id.toStdString();
+    const std::string row = ListRows::keyOf(id);
     if (m_rows.find(row) != nullptr) {
         m_model.live().pickApp(row, m_rows.order(), shift);
     }

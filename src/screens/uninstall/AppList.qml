@@ -51,7 +51,7 @@ FocusScope {
             anchors.right: parent.right
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
-            font: Face.text(12.5)
+            font: Face.text(13)
             hoverColor: Theme.palette.accentHover
             title: pane.uninstall.selectWord
 
@@ -65,6 +65,11 @@ FocusScope {
         function turn(pages: real) {
             const last = originY + Math.max(0, contentHeight - height);
             contentY = Math.max(originY, Math.min(last, contentY + pages * Math.max(44, height - 44)));
+        }
+
+        function bringIntoSight() {
+            if (currentIndex >= 0)
+                positionViewAtIndex(currentIndex, ListView.Contain);
         }
 
         anchors.bottom: parent.bottom
@@ -91,11 +96,11 @@ FocusScope {
         T.ScrollBar.vertical: PageScrollBar {
         }
 
-        // The application in focus is where the keyboard begins, and in sight.
+        // The application in focus is where the keyboard begins, and in sight as soon as the list
+        // has its room.
         Component.onCompleted: {
             currentIndex = pane.uninstall.rows.focusedRow();
-            if (currentIndex >= 0)
-                positionViewAtIndex(currentIndex, ListView.Contain);
+            Qt.callLater(bringIntoSight);
         }
     }
 

@@ -42,7 +42,8 @@ Item {
 
         Accessible.name: subject
         Accessible.role: Accessible.Grouping
-        activeFocusOnTab: contentHeight > height
+        // What has the focus cannot give that up.
+        activeFocusOnTab: contentHeight > height || activeFocus
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         clip: true

@@ -11,7 +11,7 @@ T.TextField {
 
     signal searched(text: string)
     /// On to what was found.
-    signal left
+    signal finished
 
     Accessible.name: placeholderText
     Accessible.role: Accessible.EditableText
@@ -35,7 +35,7 @@ T.TextField {
         radius: 8
     }
 
-    Keys.onDownPressed: left()
+    Keys.onDownPressed: finished()
     Keys.onEscapePressed: event => {
         event.accepted = text !== "";
         if (event.accepted)

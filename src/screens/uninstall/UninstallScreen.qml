@@ -31,7 +31,7 @@ FocusScope {
                 SearchField {
                     query: screen.uninstall.query
 
-                    onLeft: (body.item as UninstallPanes)?.takeFocus()
+                    onFinished: (body.item as UninstallPanes)?.takeFocus()
                     onSearched: text => screen.uninstall.query = text
                 }
 
