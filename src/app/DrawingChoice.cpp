@@ -30,16 +30,14 @@ std::string rendererName()
 
 void chooseDrawing()
 {
-    if (!isDrawingChosen()) {
-        chooseDrawing(rendererName());
+    if (!isDrawingChosen() && needsPainter(rendererName())) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     }
 }
 
-void chooseDrawing(std::string_view renderer)
+bool needsPainter(std::string_view renderer)
 {
-    if (renderer.empty() || isSoftwareRenderer(renderer)) {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    }
+    return renderer.empty() || isSoftwareRenderer(renderer);
 }
 
 bool isDrawingChosen()

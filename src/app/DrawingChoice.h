@@ -10,8 +10,8 @@ namespace zolva {
 /// of the application and that of its first window.
 void chooseDrawing();
 
-/// The choice by the name of what OpenGL is drawn by; an empty one where there is no OpenGL.
-void chooseDrawing(std::string_view renderer);
+/// By the name of what OpenGL is drawn by; an empty one where there is no OpenGL.
+[[nodiscard]] bool needsPainter(std::string_view renderer);
 
 /// By the environment, or by a system that draws by another interface than OpenGL.
 [[nodiscard]] bool isDrawingChosen();
