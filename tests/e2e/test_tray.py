@@ -29,6 +29,8 @@ class TrayCase(WindowCase):
 
     def wait_without_panel(self):
         self.wait(lambda: not self.panel(), "a screen without the panel")
+        # A click that comes at once is taken for the one that closed it.
+        self.bus.wait(lambda: False, 0.4)
 
     def close_window(self):
         self.wait(lambda: self.tray.place(), "the item")
