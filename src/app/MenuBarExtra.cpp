@@ -1,6 +1,7 @@
 #include "app/MenuBarExtra.h"
 
 #include "app/PanelPlace.h"
+#include "async/Unawaited.h"
 #include "screens/model/MenuMessages.h"
 
 #include <QGuiApplication>
@@ -23,7 +24,12 @@ MenuBarExtra::MenuBarExtra(std::unique_ptr<TrayItem> item, ScreenModel& model, Q
                            Clock& clock, QObject* parent)
     : QObject(parent), m_item(std::move(item)), m_model(model), m_engine(engine), m_clock(clock)
 {
-    connect(m_item.get(), &TrayItem::shownChanged, this, &MenuBarExtra::shownChanged);
+    connect(m_item.get(), &TrayItem::shownChanged, this, [this] {
+        if (isShown()) {
+            unawaited(makePanelLater(this));
+        }
+        Q_EMIT shownChanged();
+    });
     connect(m_item.get(), &TrayItem::activated, this, &MenuBarExtra::toggle);
     connect(m_item.get(), &TrayItem::chosen, this, &MenuBarExtra::choose);
     connect(model.menu(), &MenuPanelModel::reclaimChanged, this, &MenuBarExtra::showTexts);
@@ -33,6 +39,14 @@ MenuBarExtra::MenuBarExtra(std::unique_ptr<TrayItem> item, ScreenModel& model, Q
 }
 
 MenuBarExtra::~MenuBarExtra() = default;
+
+QCoro::Task<> MenuBarExtra::makePanelLater(QPointer<MenuBarExtra> self)
+{
+    co_await self->m_clock.sleep(panelDelay);
+    if (self) {
+        static_cast<void>(self->panel());
+    }
+}
 
 void MenuBarExtra::showEntries()
 {

@@ -4,7 +4,9 @@
 #include "desktop/TrayItem.h"
 #include "screens/model/ScreenModel.h"
 
+#include <QCoroTask>
 #include <QObject>
+#include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -15,8 +17,12 @@
 
 namespace zolva {
 
-/// The program's item among those of the desktop, and the panel that a click opens. The panel is
-/// made when it is wanted first. Main thread; all that it is given by reference outlives it.
+/// How long after the item came in sight its panel is made, so that the first click need not wait
+/// for that, nor the start of the program.
+inline constexpr std::chrono::seconds panelDelay{2};
+
+/// The program's item among those of the desktop, and the panel that a click opens. Main thread;
+/// all that it is given by reference outlives it.
 class MenuBarExtra final : public QObject
 {
     Q_OBJECT
@@ -44,6 +50,7 @@ private:
     };
 
     void showEntries();
+    static QCoro::Task<> makePanelLater(QPointer<MenuBarExtra> self);
     void showTexts();
     void choose(int entry);
     void toggle(const QRect& place);

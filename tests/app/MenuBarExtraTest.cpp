@@ -111,6 +111,19 @@ TEST_F(Extra, MakesNoWindowBeforeItIsClicked)
     EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
 }
 
+TEST_F(Extra, MakesThePanelAheadAWhileAfterTheItemCameInSight)
+{
+    extra->start();
+    item->shown = true;
+    Q_EMIT item->shownChanged();
+    clock.advance(panelDelay - milliseconds(1));
+    EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
+    clock.advance(milliseconds(1));
+    EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 1);
+    EXPECT_TRUE(panels().empty());
+    EXPECT_EQ(installers.count(), 0U);
+}
+
 TEST_F(Extra, ClickOpensThePanelThatLooksAround)
 {
     click();

@@ -19,6 +19,7 @@ namespace zolva {
 namespace {
 
 const auto watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto busName = QStringLiteral("org.freedesktop.DBus");
 const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const auto itemPath = QStringLiteral("/StatusNotifierItem");
 const auto menuPath = QStringLiteral("/MenuBar");
@@ -62,13 +63,6 @@ StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, std::string i
     registerTrayTypes();
     new StatusNotifierDoor(this);
     connect(&m_menu, &TrayMenu::chosen, this, &TrayItem::chosen);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString& /*name*/, const QString& /*before*/, const QString& now) {
-                takeState(false, false);
-                if (!now.isEmpty()) {
-                    registerItem();
-                }
-            });
 }
 
 StatusNotifierItem::~StatusNotifierItem()
@@ -92,7 +86,31 @@ void StatusNotifierItem::start()
         m_bus.connect(watcherName, watcherPath, watcherName, QString::fromLatin1(signal), this,
                       SLOT(askForHost()));
     }
-    registerItem();
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& /*name*/, const QString& /*before*/, const QString& now) {
+                takeOwner(now);
+            });
+    // The answer comes after the news of every change before it.
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        busName, QStringLiteral("/org/freedesktop/DBus"), busName, QStringLiteral("GetNameOwner"));
+    call << watcherName;
+    auto* const waiting = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    connect(waiting, &QDBusPendingCallWatcher::finished, this, [this, waiting] {
+        waiting->deleteLater();
+        const QDBusPendingReply<QString> reply = *waiting;
+        takeOwner(reply.isValid() ? reply.value() : QString());
+    });
+}
+
+void StatusNotifierItem::takeOwner(const QString& owner)
+{
+    if (std::exchange(m_owner, owner) == owner) {
+        return;
+    }
+    takeState(false, false);
+    if (!owner.isEmpty()) {
+        registerItem();
+    }
 }
 
 void StatusNotifierItem::registerItem()

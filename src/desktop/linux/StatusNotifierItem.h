@@ -45,6 +45,7 @@ private Q_SLOTS:
     void askForHost();
 
 private:
+    void takeOwner(const QString& owner);
     void registerItem();
     void takeState(bool isRegistered, bool hasHost);
 
@@ -54,7 +55,8 @@ private:
     QString m_label;
     QString m_toolTip;
     QString m_iconFolder;
-    QString m_name; ///< on the bus
+    QString m_name;  ///< on the bus
+    QString m_owner; ///< the watcher that was told of it
     bool m_isOnDark = false;
     bool m_isRegistered = false;
     bool m_hasHost = false;

@@ -18,10 +18,6 @@ Window {
     color: Theme.palette.win
     flags: Qt.Tool | Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint
     height: view.implicitHeight
-    maximumHeight: height
-    maximumWidth: width
-    minimumHeight: height
-    minimumWidth: width
     title: "Zolva menu"
     visible: false
     width: view.implicitWidth

@@ -23,8 +23,6 @@ CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 WATCHER = "org.kde.StatusNotifierWatcher"
-# The panel shows each of its parts through a process of the part's own.
-HOLDER = "wrapper-2.0"
 PATIENCE = 30
 
 
@@ -105,12 +103,24 @@ class Tray:
     def click(self, button=1):
         self.bus.click_at(*self.place(), button)
 
-    def menu_entry(self, name):
-        """Opens the item's context menu, and gives the entry of that name."""
-        self.click(3)
-        return self._wait(lambda: self.entries().get(name), "the entry “%s”" % name)
-
     def entries(self):
-        """Of the context menu, if it is open: by name, in their order."""
-        return {node.name: node for holder in self.bus.applications(HOLDER)
-                for node in holder.walk() if node.role == "menu item"}
+        """What the program has in the context menu, from the top; "(off)" where it is disabled."""
+        name = self.items()[0].split("/")[0]
+        layout = self.session.call_sync(
+            name, "/MenuBar", "com.canonical.dbusmenu", "GetLayout",
+            GLib.Variant("(iias)", (0, -1, [])), None, Gio.DBusCallFlags.NONE, 10000, None)[1]
+        return [entry[1]["label"] + ("" if entry[1].get("enabled", True) else " (off)")
+                for entry in layout[2]]
+
+    def choose(self, key, effect, what):
+        """Opens the context menu, goes into it by that key and takes what it comes to. A menu is
+        not on the accessibility bus, so nothing tells when it is open: it is tried again."""
+        for _ in range(5):
+            self.click(3)
+            self.bus.wait(lambda: False, 1)
+            self.bus.type_key(key)
+            self.bus.type_key("Return")
+            if self.bus.wait(effect, 6):
+                return
+            self.bus.type_key("Escape")
+        raise AssertionError("the context menu did not bring " + what)
