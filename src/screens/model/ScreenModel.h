@@ -9,6 +9,7 @@
 #include "screens/model/HomeModel.h"
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
+#include "screens/model/StatusModel.h"
 
 #include <QAbstractItemModel>
 #include <QObject>
@@ -30,6 +31,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::SidebarModel* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(zolva::HomeModel* home READ home CONSTANT)
     Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
+    Q_PROPERTY(zolva::StatusModel* status READ status CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
@@ -46,6 +48,7 @@ public:
     [[nodiscard]] SidebarModel* sidebar() { return &m_sidebar; }
     [[nodiscard]] HomeModel* home() { return &m_home; }
     [[nodiscard]] CleanModel* clean() { return &m_clean; }
+    [[nodiscard]] StatusModel* status() { return &m_status; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
@@ -65,6 +68,7 @@ private:
     SidebarModel m_sidebar;
     HomeModel m_home;
     CleanModel m_clean;
+    StatusModel m_status;
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;

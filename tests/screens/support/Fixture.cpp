@@ -97,6 +97,7 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        all.disk.space = [this] { return space; };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
@@ -109,6 +110,7 @@ public:
 
     TempTree tree;
     QStringList calls;
+    VolumeSpace space;
     std::shared_ptr<Gate> gate = std::make_shared<Gate>();
     ModelWorld fakes{tree.path("logs")};
     std::unique_ptr<ScreenModel> screen;
@@ -360,6 +362,48 @@ void Fixture::setTrash(int count, double bytes, bool unreadable)
     TrashMeter& meter = app().removal().trash();
     meter.refreshTrashMeter();
     pumpUntil([&meter] { return !meter.isMeasuring(); });
+}
+
+void Fixture::setSpace(double available, double total)
+{
+    m_world->space = {static_cast<std::int64_t>(available), static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
+}
+
+int Fixture::statusRefs() const
+{
+    return app().live().statusRefs();
+}
+
+int Fixture::statusStreams() const
+{
+    return static_cast<int>(m_world->fakes.script.streams.size());
+}
+
+std::shared_ptr<StatusStream> Fixture::statusStream() const
+{
+    const RunnerScript& script = m_world->fakes.script;
+    auto stream = script.streams.empty() ? nullptr : script.newest();
+    if (!stream) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QStringLiteral("no stream of readings runs"));
+        }
+    }
+    return stream;
+}
+
+void Fixture::readStatus(const QVariantMap& fields)
+{
+    if (const auto stream = statusStream()) {
+        stream->send(statusFrom(fields));
+    }
+}
+
+void Fixture::failStatus(const QString& words)
+{
+    if (const auto stream = statusStream()) {
+        stream->finish(SystemError{words.toStdString()});
+    }
 }
 
 void Fixture::setBulk(const QString& title, int total, int done, const QString& current)

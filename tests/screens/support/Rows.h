@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/StatusRecords.h"
 #include "files/Records.h"
 #include "scanners/AppInventory.h"
 
 #include <QVariantList>
+#include <QVariantMap>
 
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace zolva::test {
 [[nodiscard]] std::vector<Project> projectsFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<InstallerItem> installersFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<UninstallApp> appsFrom(const QVariantList& rows);
+[[nodiscard]] StatusResult statusFrom(const QVariantMap& fields);
 
 [[nodiscard]] std::vector<Category> manyCategories(int count, int pathsEach);
 [[nodiscard]] std::vector<Project> manyProjects(int count);
