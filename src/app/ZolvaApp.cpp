@@ -1,11 +1,13 @@
 #include "app/ZolvaApp.h"
 
 #include "app/MotionWishes.h"
+#include "core/RunningBundle.h"
 #include "core/SystemPrefsStore.h"
 #include "desktop/ColorScheme.h"
 #include "desktop/OpenPlaces.h"
 #include "files/HomeFolder.h"
 #include "platform/SystemTrash.h"
+#include "updates/LiveUpdateCheck.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -28,6 +30,7 @@ AppDependencies ZolvaApp::dependencies()
 {
     AppDependencies all = liveDependencies(m_clock, *m_prefs);
     all.appearance = m_appearance.get();
+    all.updates = {runningBundle(), liveUpdateCheck(m_clock)};
     // A door is opened by the model, so that it is there when one tells something.
     all.doors =
         systemDoors({homeTrashFolder(homeFolder()), all.logFolder, [this](const QString& text) {
@@ -66,6 +69,10 @@ bool ZolvaApp::showWindow()
     // The window's own signal, for its keys and buttons.
     connect(window, SIGNAL(closeWanted()), &m_delegate, SLOT(shouldClose()));
     m_delegate.setModel(&m_screens);
+    // Nothing of it may keep the window waiting.
+    connect(
+        window, &QQuickWindow::frameSwapped, this, [this] { m_model.checkForUpdatesIfDue(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     window->show();
     return true;
 }

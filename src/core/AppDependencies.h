@@ -11,6 +11,7 @@
 #include "removal/runs/RemovalDisk.h"
 #include "removal/runs/UninstallRun.h"
 #include "scanners/DiskAccess.h"
+#include "updates/UpdateController.h"
 
 #include <QCoroTask>
 
@@ -36,6 +37,8 @@ struct AppDoors
     std::function<void()> accessSettings; ///< where access to folders is granted
     std::function<void()> logFolder;
     std::function<void()> trash;
+    /// A page of the web, by its whole address.
+    std::function<void(const std::string& url)> page;
 };
 
 /// What removals read and change outside this program.
@@ -68,10 +71,12 @@ struct AppDependencies
     std::function<void(const std::string& logFolder)> crashCapture;
     SystemAppearance* appearance = nullptr; ///< outlives the model; null for a light desktop
     AppDoors doors{};
+    AppUpdates updates{};
     StartSteps steps{};
 };
 
-/// The real ones, as far as they need no window: neither appearance nor doors. Looks for the tool.
+/// The real ones, as far as they need no window: no appearance, doors or updates. Looks for the
+/// tool.
 [[nodiscard]] AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs);
 
 } // namespace zolva

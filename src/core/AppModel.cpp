@@ -93,6 +93,13 @@ void AppModel::openAccessSettings() const
     }
 }
 
+void AppModel::openPage(const std::string& url) const
+{
+    if (m_doors.page) {
+        m_doors.page(url);
+    }
+}
+
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)
 {
     if (m_blockedLocations != blocked) {

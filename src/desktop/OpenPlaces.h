@@ -15,6 +15,7 @@ inline constexpr auto trash = "No program was found that can open the Trash. It 
 inline constexpr auto logFolder = "No program was found that can open the log folder. It is at ";
 inline constexpr auto accessSettings =
     "No settings program was found. Your file manager can change who may read a folder.";
+inline constexpr auto page = "No program was found that can open web pages. The address is ";
 } // namespace placewords
 
 /// Where the doors lead, and whom they tell. Paths are bytes and absolute.
@@ -31,5 +32,8 @@ struct Places
 
 /// `words` with the path at the end, as it is shown.
 [[nodiscard]] QString cannotOpen(const char* words, const std::string& path);
+
+/// That there is no browser, with the address as it is shown.
+[[nodiscard]] QString cannotOpenPage(const std::string& url);
 
 } // namespace zolva

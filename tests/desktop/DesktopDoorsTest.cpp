@@ -219,6 +219,25 @@ TEST_F(Doors, TakeGioWhereThereIsNoOtherOpener)
     EXPECT_EQ(ran(), "gio [open] [" + uri("home/Library/Logs/Zolva") + "]");
 }
 
+TEST_F(Doors, OpenAPageByWhatIsRegisteredForIt)
+{
+    program("xdg-open");
+    handler("x-scheme-handler/https");
+    doors(noBus())->openPage("https://example.org/a?b=c&d=%20'#e");
+    awaitRun();
+    EXPECT_EQ(ran(), "xdg-open [https://example.org/a?b=c&d=%20'#e]");
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, TellTheAddressOfAPageIfNothingOpensIt)
+{
+    program("xdg-open");
+    doors(noBus())->openPage("https://example.org/get");
+    EXPECT_EQ(told, QStringList{QStringLiteral("No program was found that can open web pages. The "
+                                               "address is https://example.org/get")});
+    EXPECT_FALSE(std::filesystem::exists(tree.path("ran")));
+}
+
 TEST_F(Doors, OpenTheSettingsOfTheDesktopThatRuns)
 {
     for (const char* name : {"gnome-control-center", "systemsettings", "xfce4-settings-manager"}) {

@@ -76,6 +76,13 @@ void DesktopDoors::openAccessSettings()
     }
 }
 
+void DesktopDoors::openPage(const std::string& url)
+{
+    if (!openUri(QString::fromStdString(url), "x-scheme-handler/https")) {
+        m_places.tell(cannotOpenPage(url));
+    }
+}
+
 void DesktopDoors::showFolder(const QString& uri, const Otherwise& otherwise)
 {
     if (!m_bus.isConnected()) {
@@ -116,7 +123,8 @@ AppDoors systemDoors(Places places)
         std::make_shared<DesktopDoors>(QDBusConnection::sessionBus(), std::move(places));
     return {.accessSettings = [doors] { doors->openAccessSettings(); },
             .logFolder = [doors] { doors->openLogFolder(); },
-            .trash = [doors] { doors->openTrash(); }};
+            .trash = [doors] { doors->openTrash(); },
+            .page = [doors](const std::string& url) { doors->openPage(url); }};
 }
 
 } // namespace zolva

@@ -21,6 +21,7 @@ public:
     void openTrash();
     void openLogFolder();
     void openAccessSettings();
+    void openPage(const std::string& url);
 
 private:
     using Otherwise = std::function<void()>;

@@ -38,13 +38,22 @@ void openAccessSettings(const Places& places)
     }
 }
 
+void openPage(const Places& places, const std::string& address)
+{
+    NSURL* url = [NSURL URLWithString:@(address.c_str())];
+    if (!url || ![NSWorkspace.sharedWorkspace openURL:url]) {
+        places.tell(cannotOpenPage(address));
+    }
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
 {
     return {.accessSettings = [places] { openAccessSettings(places); },
             .logFolder = [places] { openLogFolder(places); },
-            .trash = [places] { openTrash(places); }};
+            .trash = [places] { openTrash(places); },
+            .page = [places](const std::string& url) { openPage(places, url); }};
 }
 
 } // namespace zolva

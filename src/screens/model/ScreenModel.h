@@ -10,6 +10,7 @@
 #include "screens/model/QuitModel.h"
 #include "screens/model/SidebarModel.h"
 #include "screens/model/StatusModel.h"
+#include "screens/model/UpdateModel.h"
 
 #include <QAbstractItemModel>
 #include <QObject>
@@ -35,6 +36,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
+    Q_PROPERTY(zolva::UpdateModel* updates READ updates CONSTANT)
     Q_PROPERTY(zolva::QuitModel* quit READ quit CONSTANT)
     /// Rows with `toastId`, `kind` ("info", "warning", "success"), `text` and `actionTitle`.
     Q_PROPERTY(QAbstractItemModel* toasts READ toasts CONSTANT)
@@ -52,6 +54,7 @@ public:
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
+    [[nodiscard]] UpdateModel* updates() { return &m_updates; }
     [[nodiscard]] QuitModel* quit() { return &m_quit; }
     [[nodiscard]] QAbstractItemModel* toasts() { return &m_model.toasts(); }
 
@@ -72,6 +75,7 @@ private:
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;
+    UpdateModel m_updates;
     QuitModel m_quit;
 };
 
