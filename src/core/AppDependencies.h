@@ -39,6 +39,7 @@ struct AppDoors
     std::function<void()> trash;
     /// A page of the web, by its whole address.
     std::function<void(const std::string& url)> page;
+    std::function<void()> toolLicense; ///< the text that the shipped tool came with
 };
 
 /// What removals read and change outside this program.

@@ -100,6 +100,13 @@ void AppModel::openPage(const std::string& url) const
     }
 }
 
+void AppModel::openToolLicense() const
+{
+    if (m_doors.toolLicense) {
+        m_doors.toolLicense();
+    }
+}
+
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)
 {
     if (m_blockedLocations != blocked) {

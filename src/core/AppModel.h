@@ -93,6 +93,7 @@ public:
     void openAccessSettings() const;
     /// A page of the web in the user's browser.
     void openPage(const std::string& url) const;
+    void openToolLicense() const;
 
     /// The last step of a start: looks for an update if the last look was a day ago. Apart from the
     /// others, since it writes, and loads what the network needs: it may wait for the first frame.

@@ -157,7 +157,8 @@ struct ModelWorld
             .doors = {.accessSettings = [this] { steps.emplace_back("access settings opened"); },
                       .logFolder = [this] { steps.emplace_back("log folder opened"); },
                       .trash = [this] { steps.emplace_back("Trash opened"); },
-                      .page = [this](const std::string& url) { steps.push_back("page " + url); }},
+                      .page = [this](const std::string& url) { steps.push_back("page " + url); },
+                      .toolLicense = [this] { steps.emplace_back("license opened"); }},
             .steps = which,
             .updates = {bundle, [this](const QUrl& url, const std::string& key, std::int64_t build,
                                        const std::stop_token& /*stop*/) {

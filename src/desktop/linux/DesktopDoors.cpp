@@ -83,6 +83,14 @@ void DesktopDoors::openPage(const std::string& url)
     }
 }
 
+void DesktopDoors::openToolLicense()
+{
+    const std::string& path = m_places.toolLicense;
+    if (!path.empty() && !openUri(uriOf(path), "text/plain")) {
+        m_places.tell(cannotOpen(placewords::toolLicense, path));
+    }
+}
+
 void DesktopDoors::showFolder(const QString& uri, const Otherwise& otherwise)
 {
     if (!m_bus.isConnected()) {
@@ -124,7 +132,8 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [doors] { doors->openAccessSettings(); },
             .logFolder = [doors] { doors->openLogFolder(); },
             .trash = [doors] { doors->openTrash(); },
-            .page = [doors](const std::string& url) { doors->openPage(url); }};
+            .page = [doors](const std::string& url) { doors->openPage(url); },
+            .toolLicense = [doors] { doors->openToolLicense(); }};
 }
 
 } // namespace zolva

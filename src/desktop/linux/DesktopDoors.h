@@ -22,6 +22,7 @@ public:
     void openLogFolder();
     void openAccessSettings();
     void openPage(const std::string& url);
+    void openToolLicense();
 
 private:
     using Otherwise = std::function<void()>;

@@ -46,6 +46,17 @@ void openPage(const Places& places, const std::string& address)
     }
 }
 
+void openToolLicense(const Places& places)
+{
+    if (places.toolLicense.empty()) {
+        return;
+    }
+    NSURL* file = [NSURL fileURLWithPath:textOf(places.toolLicense) isDirectory:NO];
+    if (![NSWorkspace.sharedWorkspace openURL:file]) {
+        places.tell(cannotOpen(placewords::toolLicense, places.toolLicense));
+    }
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
@@ -53,7 +64,8 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [places] { openAccessSettings(places); },
             .logFolder = [places] { openLogFolder(places); },
             .trash = [places] { openTrash(places); },
-            .page = [places](const std::string& url) { openPage(places, url); }};
+            .page = [places](const std::string& url) { openPage(places, url); },
+            .toolLicense = [places] { openToolLicense(places); }};
 }
 
 } // namespace zolva

@@ -8,7 +8,7 @@ namespace zolva {
 
 ScreenModel::ScreenModel(AppModel& model, Clock& clock, QObject* parent)
     : QObject(parent), m_model(model), m_sidebar(model), m_home(model), m_clean(model),
-      m_status(model), m_confirm(model), m_bulk(model), m_access(model),
+      m_status(model), m_settings(model), m_confirm(model), m_bulk(model), m_access(model),
       m_updates(model), m_quit(model, clock)
 {
     connect(&model, &AppModel::screenChanged, this, &ScreenModel::screenChanged);

@@ -8,6 +8,7 @@
 #include "screens/model/ConfirmModel.h"
 #include "screens/model/HomeModel.h"
 #include "screens/model/QuitModel.h"
+#include "screens/model/SettingsModel.h"
 #include "screens/model/SidebarModel.h"
 #include "screens/model/StatusModel.h"
 #include "screens/model/UpdateModel.h"
@@ -33,6 +34,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::HomeModel* home READ home CONSTANT)
     Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
     Q_PROPERTY(zolva::StatusModel* status READ status CONSTANT)
+    Q_PROPERTY(zolva::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
@@ -51,6 +53,7 @@ public:
     [[nodiscard]] HomeModel* home() { return &m_home; }
     [[nodiscard]] CleanModel* clean() { return &m_clean; }
     [[nodiscard]] StatusModel* status() { return &m_status; }
+    [[nodiscard]] SettingsModel* settings() { return &m_settings; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
@@ -72,6 +75,7 @@ private:
     HomeModel m_home;
     CleanModel m_clean;
     StatusModel m_status;
+    SettingsModel m_settings;
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;

@@ -227,6 +227,42 @@ Item {
         fixture.failStatus("mo isn’t installed");
     }
 
+    function settingsTop() {
+        fixture.exclude("~/Projects/thesis");
+        fixture.exclude("~/Library/Caches/com.example.browser");
+        fixture.model.go("settings");
+    }
+
+    function settingsError() {
+        settingsTop();
+        fixture.setKeepInTrash(false);
+        fixture.model.settings.draft = "~/Projects/thesis/figures";
+    }
+
+    /// The lower part of the page.
+    function settingsEnd() {
+        view.destroy();
+        fixture.useFeed();
+        fixture.setTheme(Theme.light ? "light" : "dark");
+        view = views.createObject(stage, {
+            model: fixture.model
+        });
+        settingsTop();
+        fixture.model.updates.check();
+        fixture.finishUpdateCheck({
+            version: "0.2.0",
+            notes: "Installers are listed by where they came from."
+        });
+        Qt.callLater(() => scrollToEnd(view));
+    }
+
+    function scrollToEnd(item: Item) {
+        if (item instanceof ListView)
+            item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
+        for (const child of item.children)
+            scrollToEnd(child);
+    }
+
     function sheetOf(caches: int) {
         scanned(caches);
         fixture.model.go("clean");

@@ -87,8 +87,10 @@ BannerKind kindFrom(const QString& kind)
 class Fixture::World final : public QObject
 {
 public:
-    World()
+    explicit World(bool hasFeed)
     {
+        fakes.bundle = hasFeed ? ModelWorld::bundleWithFeed(tree.root())
+                               : AppBundle{.shortVersion = "0.1.0", .version = "5"};
         AppDependencies all = fakes.dependencies({.meters = false, .journalCheck = false});
         all.runner = std::make_unique<NotingRunner>(fakes.script, calls);
         noteInto(calls, "clean scan", all.scans.clean);
@@ -97,6 +99,10 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        noteInto(calls, "license opened", all.doors.toolLicense);
+        all.doors.page = [this](const std::string& url) {
+            calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
+        };
         all.disk.space = [this] { return space; };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
@@ -116,8 +122,17 @@ public:
     std::unique_ptr<ScreenModel> screen;
 };
 
-Fixture::Fixture(QObject* parent) : QObject(parent), m_world(std::make_unique<World>())
+Fixture::Fixture(QObject* parent) : QObject(parent)
 {
+    makeWorld(false);
+}
+
+void Fixture::makeWorld(bool hasFeed)
+{
+    if (m_world) {
+        m_world.release()->deleteLater();
+    }
+    m_world = std::make_unique<World>(hasFeed);
     connect(m_world->screen->quit(), &QuitModel::quit, this, [this] {
         ++m_quits;
         Q_EMIT quitsChanged();
@@ -404,6 +419,29 @@ void Fixture::failStatus(const QString& words)
     if (const auto stream = statusStream()) {
         stream->finish(SystemError{words.toStdString()});
     }
+}
+
+void Fixture::useFeed()
+{
+    makeWorld(true);
+}
+
+void Fixture::finishUpdateCheck(const QVariantMap& result)
+{
+    const auto text = [&result](const char* field) {
+        return result.value(QString::fromUtf8(field)).toString().toStdString();
+    };
+    UpdateCheckResult outcome = UpToDate{};
+    if (result.contains(QStringLiteral("error"))) {
+        outcome = UpdateCheckFailed{text("error")};
+    } else if (result.contains(QStringLiteral("version"))) {
+        UpdateManifest manifest{7, text("version"), "https://example.org/get", std::nullopt};
+        if (result.contains(QStringLiteral("notes"))) {
+            manifest.notes = text("notes");
+        }
+        outcome = UpdateAvailable{std::move(manifest)};
+    }
+    finish(m_world->fakes.updateChecks, std::move(outcome), "an update check");
 }
 
 void Fixture::setBulk(const QString& title, int total, int done, const QString& current)

@@ -27,8 +27,9 @@ class Fixture : public QObject
     QML_ELEMENT
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
-    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash opened"
-    /// and "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
+    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
+    /// opened", "page ADDRESS", "license opened" and "toast: ACTION"; behind these, in order,
+    /// "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
@@ -94,6 +95,10 @@ public:
     Q_INVOKABLE void readStatus(const QVariantMap& fields);
     /// The running stream ends with these words.
     Q_INVOKABLE void failStatus(const QString& words);
+    /// Begins anew, as a build with an update feed; what showed the model before must be gone.
+    Q_INVOKABLE void useFeed();
+    /// The newest update check ends: `{version, notes}` are on offer, or `{error}`, or nothing.
+    Q_INVOKABLE void finishUpdateCheck(const QVariantMap& result);
     /// As a run tells its progress.
     Q_INVOKABLE void setBulk(const QString& title, int total, int done, const QString& current);
     Q_INVOKABLE void clearBulk();
@@ -118,6 +123,8 @@ Q_SIGNALS:
 
 private:
     class World;
+
+    void makeWorld(bool hasFeed);
 
     /// False, and thrown, where no call waits.
     template <typename T>
