@@ -8,7 +8,7 @@
 namespace zolva {
 
 /// The tiles of the Status screen as rows, always four. Only what differs is told. Main thread.
-class StatusTileRows final : public QAbstractListModel
+class StatusTileRows : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT

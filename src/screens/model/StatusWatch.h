@@ -9,7 +9,7 @@
 namespace zolva {
 
 /// One that shows the Status screen. Main thread.
-class StatusWatch final : public QObject
+class StatusWatch : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
