@@ -20,6 +20,10 @@ bool isAscii(std::string_view text)
 
 std::optional<std::vector<unsigned char>> strictBase64(std::string_view text)
 {
+    // The library must have something to point at.
+    if (text.empty()) {
+        return std::vector<unsigned char>();
+    }
     std::vector<unsigned char> bytes(text.size());
     std::size_t length = 0;
     const char* end = nullptr;

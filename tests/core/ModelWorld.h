@@ -159,8 +159,9 @@ struct ModelWorld
                       .trash = [this] { steps.emplace_back("Trash opened"); },
                       .page = [this](const std::string& url) { steps.push_back("page " + url); },
                       .toolLicense = [this] { steps.emplace_back("license opened"); }},
-            .updates = {bundle, [this](const QUrl& url, const std::string& key, std::int64_t build,
-                                       const std::stop_token& /*stop*/) {
+            .updates = {bundle,
+                        [this](const QUrl& url, const std::string& key, std::int64_t build,
+                               const std::stop_token& /*stop*/) {
                             steps.push_back("update check of " + url.toString().toStdString() +
                                             " with " + key + " for " + std::to_string(build));
                             return updateChecks.ask();

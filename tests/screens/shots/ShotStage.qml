@@ -13,7 +13,7 @@ Item {
     Component {
         id: fixtures
 
-        Fixture {
+        FeedFixture {
         }
     }
 
@@ -241,18 +241,9 @@ Item {
 
     /// The lower part of the page.
     function settingsEnd() {
-        view.destroy();
-        fixture.useFeed();
-        fixture.setTheme(Theme.light ? "light" : "dark");
-        view = views.createObject(stage, {
-            model: fixture.model
-        });
         settingsTop();
         fixture.model.updates.check();
-        fixture.finishUpdateCheck({
-            version: "0.2.0",
-            notes: "Installers are listed by where they came from."
-        });
+        fixture.offerUpdate("0.2.0", "Installers are listed by where they came from.");
         Qt.callLater(() => scrollToEnd(view));
     }
 

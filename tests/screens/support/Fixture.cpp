@@ -43,9 +43,9 @@ private:
 template <typename Call>
 void noteInto(QStringList& calls, const char* name, Call& call)
 {
-    call = [&calls, name, inner = std::move(call)] {
+    call = [&calls, name, inner = std::move(call)](auto... arguments) {
         calls.push_back(QString::fromUtf8(name));
-        return inner();
+        return inner(std::move(arguments)...);
     };
 }
 
@@ -87,10 +87,9 @@ BannerKind kindFrom(const QString& kind)
 class Fixture::World final : public QObject
 {
 public:
-    explicit World(bool hasFeed)
+    explicit World(const AppBundle& bundle)
     {
-        fakes.bundle = hasFeed ? ModelWorld::bundleWithFeed(tree.root())
-                               : AppBundle{.shortVersion = "0.1.0", .version = "5"};
+        fakes.bundle = bundle;
         AppDependencies all = fakes.dependencies({.meters = false, .journalCheck = false});
         all.runner = std::make_unique<NotingRunner>(fakes.script, calls);
         noteInto(calls, "clean scan", all.scans.clean);
@@ -99,11 +98,12 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        noteInto(calls, "update check", all.updates.check);
         noteInto(calls, "license opened", all.doors.toolLicense);
+        all.disk.space = [this] { return space; };
         all.doors.page = [this](const std::string& url) {
             calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
         };
-        all.disk.space = [this] { return space; };
         fakes.disk->beforeMove([gate = gate](const std::string&) { gate->pass(); });
         fakes.model = std::make_unique<AppModel>(std::move(all));
         screen = std::make_unique<ScreenModel>(*fakes.model, fakes.clock);
@@ -122,17 +122,13 @@ public:
     std::unique_ptr<ScreenModel> screen;
 };
 
-Fixture::Fixture(QObject* parent) : QObject(parent)
-{
-    makeWorld(false);
-}
+Fixture::Fixture(QObject* parent)
+    : Fixture({.shortVersion = "0.1.0", .version = "5", .resourceFolders = {}}, parent)
+{}
 
-void Fixture::makeWorld(bool hasFeed)
+Fixture::Fixture(const AppBundle& bundle, QObject* parent)
+    : QObject(parent), m_world(std::make_unique<World>(bundle))
 {
-    if (m_world) {
-        m_world.release()->deleteLater();
-    }
-    m_world = std::make_unique<World>(hasFeed);
     connect(m_world->screen->quit(), &QuitModel::quit, this, [this] {
         ++m_quits;
         Q_EMIT quitsChanged();
@@ -147,6 +143,11 @@ Fixture::~Fixture()
 ScreenModel* Fixture::model() const
 {
     return m_world->screen.get();
+}
+
+ModelWorld& Fixture::fakes() const
+{
+    return m_world->fakes;
 }
 
 AppModel& Fixture::app() const
@@ -166,21 +167,6 @@ QStringList Fixture::calls() const
         all.push_back(QString::fromStdString(change));
     }
     return all;
-}
-
-template <typename T>
-bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
-{
-    std::size_t& finished = m_finished[&calls];
-    if (finished == calls.count()) {
-        if (QJSEngine* const engine = qjsEngine(this)) {
-            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
-        }
-        return false;
-    }
-    finished = calls.count();
-    calls.answer(finished - 1, std::move(value));
-    return true;
 }
 
 void Fixture::setCategories(const QVariantList& rows)
@@ -419,29 +405,6 @@ void Fixture::failStatus(const QString& words)
     if (const auto stream = statusStream()) {
         stream->finish(SystemError{words.toStdString()});
     }
-}
-
-void Fixture::useFeed()
-{
-    makeWorld(true);
-}
-
-void Fixture::finishUpdateCheck(const QVariantMap& result)
-{
-    const auto text = [&result](const char* field) {
-        return result.value(QString::fromUtf8(field)).toString().toStdString();
-    };
-    UpdateCheckResult outcome = UpToDate{};
-    if (result.contains(QStringLiteral("error"))) {
-        outcome = UpdateCheckFailed{text("error")};
-    } else if (result.contains(QStringLiteral("version"))) {
-        UpdateManifest manifest{7, text("version"), "https://example.org/get", std::nullopt};
-        if (result.contains(QStringLiteral("notes"))) {
-            manifest.notes = text("notes");
-        }
-        outcome = UpdateAvailable{std::move(manifest)};
-    }
-    finish(m_world->fakes.updateChecks, std::move(outcome), "an update check");
 }
 
 void Fixture::setBulk(const QString& title, int total, int done, const QString& current)

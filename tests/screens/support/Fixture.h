@@ -3,6 +3,7 @@
 #include "core/ModelWorld.h"
 #include "screens/model/ScreenModel.h"
 
+#include <QJSEngine>
 #include <QObject>
 #include <QQmlEngine>
 #include <QStringList>
@@ -27,9 +28,9 @@ class Fixture : public QObject
     QML_ELEMENT
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
-    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
-    /// opened", "page ADDRESS", "license opened" and "toast: ACTION"; behind these, in order,
-    /// "trash PATH", "purge PATH", "delete NAME" ….
+    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash opened",
+    /// "update check", "page ADDRESS", "license opened" and "toast: ACTION"; behind these, in order, "trash PATH",
+    /// "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
@@ -95,10 +96,6 @@ public:
     Q_INVOKABLE void readStatus(const QVariantMap& fields);
     /// The running stream ends with these words.
     Q_INVOKABLE void failStatus(const QString& words);
-    /// Begins anew, as a build with an update feed; what showed the model before must be gone.
-    Q_INVOKABLE void useFeed();
-    /// The newest update check ends: `{version, notes}` are on offer, or `{error}`, or nothing.
-    Q_INVOKABLE void finishUpdateCheck(const QVariantMap& result);
     /// As a run tells its progress.
     Q_INVOKABLE void setBulk(const QString& title, int total, int done, const QString& current);
     Q_INVOKABLE void clearBulk();
@@ -121,14 +118,18 @@ public:
 Q_SIGNALS:
     void quitsChanged();
 
-private:
-    class World;
+protected:
+    /// Of a program that tells this of itself.
+    Fixture(const AppBundle& bundle, QObject* parent);
 
-    void makeWorld(bool hasFeed);
-
+    [[nodiscard]] ModelWorld& fakes() const;
     /// False, and thrown, where no call waits.
     template <typename T>
     bool finish(const HeldCalls<T>& calls, T value, const char* what);
+
+private:
+    class World;
+
     void takeCategories(std::vector<Category> rows);
     void takeProjects(std::vector<Project> rows);
     void takeInstallers(std::vector<InstallerItem> rows);
@@ -148,5 +149,20 @@ private:
     int m_inTrash = 0;
     int m_quits = 0;
 };
+
+template <typename T>
+bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
+{
+    std::size_t& finished = m_finished[&calls];
+    if (finished == calls.count()) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
+        }
+        return false;
+    }
+    finished = calls.count();
+    calls.answer(finished - 1, std::move(value));
+    return true;
+}
 
 } // namespace zolva::test
