@@ -185,7 +185,7 @@ ScreenCase {
         const add = spoken("Add");
         verify(!add.enabled);
         compare(add.opacity, 0.45);
-        compare(allTyped("Symbol", section("Never touch these")).length, 0);
+        verify(!walk(section("Never touch these"), item => item.visible && item.parent.visible && item.name === "exclamationmark.triangle.fill"));
         field().forceActiveFocus(Qt.TabFocusReason);
         press(Qt.Key_Return);
         compare(paths(), []);
@@ -239,7 +239,8 @@ ScreenCase {
         open();
         const link = typed("RemoveLink");
         const words = written("Remove", link);
-        verify(Qt.colorEqual(words.color, Theme.palette.label2));
+        mouseMove(view, 1, 1);
+        tryVerify(() => Qt.colorEqual(words.color, Theme.palette.label2));
         mouseMove(link, link.width / 2, link.height / 2);
         tryVerify(() => Qt.colorEqual(words.color, Theme.palette.red));
     }
@@ -249,7 +250,7 @@ ScreenCase {
         type("k");
         const text = written("Enter a full path, starting with / or ~.");
         const sign = walk(text.parent, item => item.name === "exclamationmark.triangle.fill");
-        verify(sign && sign.Accessible.ignored);
+        compare(sign.Accessible.name, "");
         compare(field().Accessible.description, text.text);
     }
 

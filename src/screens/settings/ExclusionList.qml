@@ -49,9 +49,22 @@ ColumnLayout {
     }
 
     CardRow {
-        ExclusionField {
+        Item {
             Layout.fillWidth: true
-            settings: list.settings
+            implicitHeight: field.implicitHeight
+
+            ExclusionField {
+                id: field
+
+                anchors.fill: parent
+                settings: list.settings
+            }
+
+            FocusRing {
+                inset: -7
+                ringRadius: 1
+                visible: field.activeFocus
+            }
         }
 
         LinkButton {

@@ -46,7 +46,8 @@ Rectangle {
 
                 Accessible.checkable: true
                 Accessible.checked: isCurrent
-                activeFocusOnTab: isCurrent
+                // What has the focus cannot give that up.
+                activeFocusOnTab: isCurrent || activeFocus
                 height: picker.height - 4
                 leftPadding: 16
                 ringRadius: 6

@@ -13,6 +13,8 @@ Card {
     required property string unit
     required property string sub
     required property string spoken
+    /// There is no room for the unit beside the value.
+    readonly property bool isStacked: value.width + 5 + unit.implicitWidth > column.width
 
     Accessible.description: spoken
     Accessible.name: label
@@ -36,14 +38,15 @@ Card {
             text: tile.label
         }
 
-        RowLayout {
+        Item {
             Layout.fillWidth: true
-            spacing: 5
+            implicitHeight: tile.isStacked ? unit.y + unit.height : value.height
 
             Label {
+                id: value
+
                 Accessible.ignored: true
                 Accessible.name: ""
-                Layout.alignment: Qt.AlignBaseline
                 size: 28
                 text: tile.value
                 tracking: -0.5
@@ -51,14 +54,17 @@ Card {
             }
 
             Label {
+                id: unit
+
                 Accessible.ignored: true
                 Accessible.name: ""
-                Layout.alignment: Qt.AlignBaseline
-                Layout.fillWidth: true
                 color: Theme.palette.label2
                 elide: Text.ElideRight
                 size: 13
                 text: tile.unit
+                width: parent.width - x
+                x: tile.isStacked ? 0 : value.width + 5
+                y: tile.isStacked ? value.height : value.baselineOffset - baselineOffset
             }
         }
 
