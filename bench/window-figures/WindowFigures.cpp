@@ -3,7 +3,8 @@
 //   window-figures first-frame           from BENCH_BEGAN (nanoseconds of the clock) on
 //   window-figures memory                at rest, and after going about and scanning
 //   window-figures scan-gap              the event loop while everything is scanned
-//   window-figures idle SECONDS STATE    STATE is visible, minimised or hidden
+//   window-figures idle SECONDS STATE    STATE is visible, status (that screen, with a reading each
+//                                        second), minimised or hidden
 //   window-figures scroll                through ten thousand rows
 //
 // In the home, and on the display and the bus, of the environment.
@@ -217,6 +218,10 @@ int idle(int seconds, std::string_view state)
         window.showMinimized();
     } else if (state == "hidden") {
         window.hide();
+    } else if (state == "status") {
+        StatusModel& status = *modelOf(window).status();
+        modelOf(window).go("status");
+        turnUntil([&status] { return status.page() == StatusModel::Live; });
     }
     turnFor(2000);
     const bool active = window.isActive();

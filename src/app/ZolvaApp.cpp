@@ -1,6 +1,7 @@
 #include "app/ZolvaApp.h"
 
 #include "app/MotionWishes.h"
+#include "core/Resources.h"
 #include "core/RunningBundle.h"
 #include "core/SystemPrefsStore.h"
 #include "desktop/ColorScheme.h"
@@ -36,10 +37,11 @@ AppDependencies ZolvaApp::dependencies()
     all.appearance = m_appearance.get();
     all.updates = {runningBundle(), liveUpdateCheck(m_clock)};
     // A door is opened by the model, so that it is there when one tells something.
-    all.doors =
-        systemDoors({homeTrashFolder(homeFolder()), all.logFolder, [this](const QString& text) {
-                         m_model.toasts().addToast(BannerKind::Warning, text);
-                     }});
+    const auto tell = [this](const QString& text) {
+        m_model.toasts().addToast(BannerKind::Warning, text);
+    };
+    all.doors = systemDoors(
+        {homeTrashFolder(homeFolder()), all.logFolder, tell, toolLicense(resourceFolders())});
     return all;
 }
 

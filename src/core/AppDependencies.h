@@ -43,6 +43,7 @@ struct AppDoors
     std::function<void(const std::string& url)> page;
     /// The item at the path, selected in its folder; it may begin with a tilde, and be gone.
     std::function<void(const std::string& path)> reveal;
+    std::function<void()> toolLicense; ///< the text that the shipped tool came with
 };
 
 /// What removals read and change outside this program.

@@ -107,6 +107,13 @@ void AppModel::reveal(const std::string& path) const
     }
 }
 
+void AppModel::openToolLicense() const
+{
+    if (m_doors.toolLicense) {
+        m_doors.toolLicense();
+    }
+}
+
 void AppModel::setBlockedLocations(std::vector<diskAccess::Location> blocked)
 {
     if (m_blockedLocations != blocked) {

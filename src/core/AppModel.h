@@ -97,6 +97,7 @@ public:
     void openPage(const std::string& url) const;
     /// Shows the item in its folder, in the desktop's own file manager: `tildePath` form or not.
     void reveal(const std::string& path) const;
+    void openToolLicense() const;
 
     /// The last step of a start: looks for an update if the last look was a day ago. Apart from the
     /// others, since it writes, and loads what the network needs: it may wait for the first frame.

@@ -160,7 +160,8 @@ struct ModelWorld
                 .logFolder = [this] { steps.emplace_back("log folder opened"); },
                 .trash = [this] { steps.emplace_back("Trash opened"); },
                 .page = [this](const std::string& url) { steps.push_back("page " + url); },
-                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); }},
+                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); },
+                .toolLicense = [this] { steps.emplace_back("license opened"); }},
             .updates = {bundle,
                         [this](const QUrl& url, const std::string& key, std::int64_t build,
                                const std::stop_token& /*stop*/) {

@@ -239,6 +239,36 @@ TEST_F(Doors, TellTheAddressOfAPageIfNothingOpensIt)
     EXPECT_FALSE(std::filesystem::exists(tree.path("ran")));
 }
 
+TEST_F(Doors, OpenTheLicenseByWhatIsRegisteredForText)
+{
+    program("xdg-open");
+    handler("text/plain");
+    const std::string path = tree.text("mole/LICENSE", "Do as you like.");
+    const auto tell = [this](const QString& text) { told.append(text); };
+    DesktopDoors(noBus(), Places{{}, {}, tell, path}).openToolLicense();
+    awaitRun();
+    EXPECT_EQ(ran(), "xdg-open [" + uri("mole/LICENSE") + "]");
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, TellWhereTheLicenseIsIfNothingOpensIt)
+{
+    program("xdg-open");
+    const auto tell = [this](const QString& text) { told.append(text); };
+    DesktopDoors(noBus(), Places{{}, {}, tell, "/opt/LICENSE"}).openToolLicense();
+    EXPECT_EQ(told, QStringList{QStringLiteral("No program was found that can open the license. It "
+                                               "is at /opt/LICENSE.")});
+}
+
+TEST_F(Doors, OpenNothingWhereThereIsNoLicense)
+{
+    program("xdg-open");
+    handler("text/plain");
+    doors(noBus())->openToolLicense();
+    EXPECT_TRUE(told.isEmpty());
+    EXPECT_FALSE(std::filesystem::exists(tree.path("ran")));
+}
+
 TEST_F(Doors, OpenTheSettingsOfTheDesktopThatRuns)
 {
     for (const char* name : {"gnome-control-center", "systemsettings", "xfce4-settings-manager"}) {

@@ -107,6 +107,14 @@ void DesktopDoors::showItem(const std::string& asked, const RevealedPlace& place
     });
 }
 
+void DesktopDoors::openToolLicense()
+{
+    const std::string& path = m_places.toolLicense;
+    if (!path.empty() && !openUri(uriOf(path), "text/plain")) {
+        m_places.tell(cannotOpen(placewords::toolLicense, path));
+    }
+}
+
 void DesktopDoors::show(const QString& method, const QString& uri, const Otherwise& otherwise)
 {
     if (!m_bus.isConnected()) {
@@ -148,7 +156,8 @@ AppDoors systemDoors(Places places)
             .logFolder = [doors] { doors->openLogFolder(); },
             .trash = [doors] { doors->openTrash(); },
             .page = [doors](const std::string& url) { doors->openPage(url); },
-            .reveal = [doors](const std::string& path) { doors->reveal(path); }};
+            .reveal = [doors](const std::string& path) { doors->reveal(path); },
+            .toolLicense = [doors] { doors->openToolLicense(); }};
 }
 
 } // namespace zolva

@@ -25,6 +25,7 @@ public:
     void openPage(const std::string& url);
     /// Looks for the item off the main thread.
     void reveal(const std::string& path);
+    void openToolLicense();
 
 private:
     using Otherwise = std::function<void()>;

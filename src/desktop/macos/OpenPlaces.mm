@@ -59,6 +59,17 @@ QCoro::Task<> reveal(std::string path)
     [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ item ]];
 }
 
+void openToolLicense(const Places& places)
+{
+    if (places.toolLicense.empty()) {
+        return;
+    }
+    NSURL* file = [NSURL fileURLWithPath:textOf(places.toolLicense) isDirectory:NO];
+    if (![NSWorkspace.sharedWorkspace openURL:file]) {
+        places.tell(cannotOpen(placewords::toolLicense, places.toolLicense));
+    }
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
@@ -67,7 +78,8 @@ AppDoors systemDoors(Places places)
             .logFolder = [places] { openLogFolder(places); },
             .trash = [places] { openTrash(places); },
             .page = [places](const std::string& url) { openPage(places, url); },
-            .reveal = [](const std::string& path) { unawaited(reveal(path)); }};
+            .reveal = [](const std::string& path) { unawaited(reveal(path)); },
+            .toolLicense = [places] { openToolLicense(places); }};
 }
 
 } // namespace zolva

@@ -11,7 +11,9 @@
 #include "screens/model/MenuPanelModel.h"
 #include "screens/model/PurgeModel.h"
 #include "screens/model/QuitModel.h"
+#include "screens/model/SettingsModel.h"
 #include "screens/model/SidebarModel.h"
+#include "screens/model/StatusModel.h"
 #include "screens/model/UninstallModel.h"
 #include "screens/model/UpdateModel.h"
 
@@ -38,6 +40,8 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::PurgeModel* purge READ purge CONSTANT)
     Q_PROPERTY(zolva::InstallerModel* installer READ installer CONSTANT)
     Q_PROPERTY(zolva::UninstallModel* uninstall READ uninstall CONSTANT)
+    Q_PROPERTY(zolva::StatusModel* status READ status CONSTANT)
+    Q_PROPERTY(zolva::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
     Q_PROPERTY(zolva::BulkModel* bulk READ bulk CONSTANT)
     Q_PROPERTY(zolva::AccessModel* access READ access CONSTANT)
@@ -59,6 +63,8 @@ public:
     [[nodiscard]] PurgeModel* purge() { return &m_purge; }
     [[nodiscard]] InstallerModel* installer() { return &m_installer; }
     [[nodiscard]] UninstallModel* uninstall() { return &m_uninstall; }
+    [[nodiscard]] StatusModel* status() { return &m_status; }
+    [[nodiscard]] SettingsModel* settings() { return &m_settings; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
     [[nodiscard]] BulkModel* bulk() { return &m_bulk; }
     [[nodiscard]] AccessModel* access() { return &m_access; }
@@ -83,6 +89,8 @@ private:
     PurgeModel m_purge;
     InstallerModel m_installer;
     UninstallModel m_uninstall;
+    StatusModel m_status;
+    SettingsModel m_settings;
     ConfirmModel m_confirm;
     BulkModel m_bulk;
     AccessModel m_access;

@@ -19,11 +19,12 @@ STATES = {1: "active", 4: "checked", 8: "enabled", 9: "expandable", 10: "expande
           12: "focused", 23: "selected", 24: "sensitive", 25: "showing", 30: "visible",
           41: "checkable", 16: "modal"}
 KEYS = {"Tab": 0xff09, "Return": 0xff0d, "Escape": 0xff1b, "space": 0x20, "Up": 0xff52,
-        "Down": 0xff54, "Menu": 0xff67, "F4": 0xffc1, "F9": 0xffc6, "comma": 0x2c}
+        "Down": 0xff54, "Menu": 0xff67, "F4": 0xffc1, "F9": 0xffc6, "comma": 0x2c,
+        "Left": 0xff51, "Right": 0xff53}
 KEYS.update({sign: ord(sign) for sign in "12345678" + string.ascii_lowercase})
 # Hardware codes of the modifiers on the display's keyboard.
 MODIFIERS = {"Shift": 50, "Control": 37, "Alt": 64}
-KEY_DOWN, KEY_UP, KEY_TYPED = 0, 1, 3
+KEY_DOWN, KEY_UP, KEY_TYPED, TEXT_TYPED = 0, 1, 3, 4
 
 
 class Gone(Exception):
@@ -246,7 +247,11 @@ class Bus:
         for name in reversed(held):
             self._key(MODIFIERS[name], KEY_UP)
 
-    def _key(self, code, kind):
+    def type_text(self, text):
+        """Each character of it, as a person would type it."""
+        self._key(0, TEXT_TYPED, text)
+
+    def _key(self, code, kind, text=""):
         self.call(REGISTRY, "/org/a11y/atspi/registry/deviceeventcontroller",
                   "org.a11y.atspi.DeviceEventController", "GenerateKeyboardEvent",
-                  GLib.Variant("(isu)", (code, "", kind)))
+                  GLib.Variant("(isu)", (code, text, kind)))

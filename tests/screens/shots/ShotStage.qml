@@ -15,7 +15,7 @@ Item {
     Component {
         id: fixtures
 
-        Fixture {
+        FeedFixture {
         }
     }
 
@@ -392,6 +392,73 @@ Item {
     function uninstallStuck() {
         uninstallLoaded();
         fixture.addToast("warning", "Couldn't uninstall 1 app. It may need an administrator password.", "Authenticate…");
+    }
+
+    /// A minute in which the processor was busy twice.
+    function readMinute(samples: int) {
+        fixture.setSpace(80760000000, 270550000000);
+        fixture.model.go("status");
+        for (let i = 0; i < samples; ++i) {
+            const burst = Math.exp(-Math.pow((i - 17) / 4, 2)) * 62 + Math.exp(-Math.pow((i - 44) / 6, 2)) * 48;
+            fixture.readStatus({
+                health: 91,
+                healthMsg: "Good",
+                cpu: 9 + burst + 5 * Math.sin(i * 1.9) + 3 * Math.sin(i * 0.7),
+                load1: 1.42,
+                load5: 1.18,
+                load15: 0.96,
+                used: 9640000000,
+                total: 16600000000,
+                usedPercent: 56 + i * 0.05 + burst * 0.08,
+                model: "Workbench 14",
+                cpuModel: "Example Core 8",
+                uptime: "3d 4h"
+            });
+        }
+    }
+
+    function statusLive() {
+        readMinute(60);
+    }
+
+    function statusShort() {
+        readMinute(5);
+    }
+
+    function statusWaiting() {
+        fixture.model.go("status");
+    }
+
+    function statusFailed() {
+        fixture.model.go("status");
+        fixture.failStatus("mo isn’t installed");
+    }
+
+    function settingsTop() {
+        fixture.exclude("~/Projects/thesis");
+        fixture.exclude("~/Library/Caches/com.example.browser");
+        fixture.model.go("settings");
+    }
+
+    function settingsError() {
+        settingsTop();
+        fixture.setKeepInTrash(false);
+        fixture.model.settings.draft = "~/Projects/thesis/figures";
+    }
+
+    /// The lower part of the page.
+    function settingsEnd() {
+        settingsTop();
+        fixture.model.updates.check();
+        fixture.offerUpdate("0.2.0", "Installers are listed by where they came from.");
+        Qt.callLater(() => scrollToEnd(view));
+    }
+
+    function scrollToEnd(item: Item) {
+        if (item instanceof ListView)
+            item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
+        for (const child of item.children)
+            scrollToEnd(child);
     }
 
     function sheetOf(caches: int) {

@@ -99,6 +99,8 @@ public:
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
         noteInto(calls, "update check", all.updates.check);
+        noteInto(calls, "license opened", all.doors.toolLicense);
+        all.disk.space = [this] { return space; };
         all.doors.page = [this](const std::string& url) {
             calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
         };
@@ -117,6 +119,7 @@ public:
 
     TempTree tree;
     QStringList calls;
+    VolumeSpace space;
     std::shared_ptr<Gate> gate = std::make_shared<Gate>();
     ModelWorld fakes{tree.path("logs")};
     std::unique_ptr<ScreenModel> screen;
@@ -388,6 +391,48 @@ void Fixture::setTrash(int count, double bytes, bool unreadable)
     TrashMeter& meter = app().removal().trash();
     meter.refreshTrashMeter();
     pumpUntil([&meter] { return !meter.isMeasuring(); });
+}
+
+void Fixture::setSpace(double available, double total)
+{
+    m_world->space = {static_cast<std::int64_t>(available), static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
+}
+
+int Fixture::statusRefs() const
+{
+    return app().live().statusRefs();
+}
+
+int Fixture::statusStreams() const
+{
+    return static_cast<int>(m_world->fakes.script.streams.size());
+}
+
+std::shared_ptr<StatusStream> Fixture::statusStream() const
+{
+    const RunnerScript& script = m_world->fakes.script;
+    auto stream = script.streams.empty() ? nullptr : script.newest();
+    if (!stream) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QStringLiteral("no stream of readings runs"));
+        }
+    }
+    return stream;
+}
+
+void Fixture::readStatus(const QVariantMap& fields)
+{
+    if (const auto stream = statusStream()) {
+        stream->send(statusFrom(fields));
+    }
+}
+
+void Fixture::failStatus(const QString& words)
+{
+    if (const auto stream = statusStream()) {
+        stream->finish(SystemError{words.toStdString()});
+    }
 }
 
 void Fixture::setBulk(const QString& title, int total, int done, const QString& current)

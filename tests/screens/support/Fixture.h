@@ -8,6 +8,7 @@
 #include <QQmlEngine>
 #include <QStringList>
 #include <QVariantList>
+#include <QVariantMap>
 
 #include <cstddef>
 #include <map>
@@ -28,11 +29,14 @@ class Fixture : public QObject
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
     /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
-    /// opened", "update check", "page ADDRESS", "revealed PATH" and "toast: ACTION"; behind these,
-    /// in order, "trash PATH", "purge PATH", "delete NAME" ….
+    /// opened", "update check", "page ADDRESS", "revealed PATH", "license opened" and
+    /// "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
+    /// How many hold the stream of readings, and how often it was started.
+    Q_PROPERTY(int statusRefs READ statusRefs)
+    Q_PROPERTY(int statusStreams READ statusStreams)
 
 public:
     explicit Fixture(QObject* parent = nullptr);
@@ -41,6 +45,8 @@ public:
     [[nodiscard]] ScreenModel* model() const;
     [[nodiscard]] QStringList calls() const;
     [[nodiscard]] int quits() const { return m_quits; }
+    [[nodiscard]] int statusRefs() const;
+    [[nodiscard]] int statusStreams() const;
 
     // What the next scan finds, and that scan from its beginning to its end. Fields that are left
     // out have their defaults; sizes are bytes, ages days. Each row's paths are put on the disk.
@@ -89,6 +95,13 @@ public:
     Q_INVOKABLE void setKeepInTrash(bool keep);
     /// What lies in the Trash, when the meter has read it.
     Q_INVOKABLE void setTrash(int count, double bytes, bool unreadable = false);
+    /// Bytes of the home's volume, when the meter has read them.
+    Q_INVOKABLE void setSpace(double available, double total);
+    /// A reading from the running stream; without one it throws. `{health, healthMsg, cpu, load1,
+    /// load5, load15, used, total, usedPercent, pressure, model, cpuModel, uptime}`
+    Q_INVOKABLE void readStatus(const QVariantMap& fields);
+    /// The running stream ends with these words.
+    Q_INVOKABLE void failStatus(const QString& words);
     /// As a run tells its progress.
     Q_INVOKABLE void setBulk(const QString& title, int total, int done, const QString& current);
     Q_INVOKABLE void clearBulk();
@@ -133,6 +146,8 @@ private:
     void takeApps(std::vector<UninstallApp> rows);
     [[nodiscard]] AppModel& app() const;
     [[nodiscard]] RecordingTrash& disk() const;
+    /// Null, and thrown, where none runs.
+    [[nodiscard]] std::shared_ptr<StatusStream> statusStream() const;
 
     std::unique_ptr<World> m_world;
     std::vector<Category> m_categories;

@@ -138,6 +138,28 @@ std::vector<ResidueRow> leftoversFrom(const QVariantList& rows)
     });
 }
 
+StatusResult statusFrom(const QVariantMap& fields)
+{
+    const auto real = [&fields](const char* field) {
+        return fields.value(QString::fromUtf8(field)).toDouble();
+    };
+    StatusResult one;
+    one.healthScore = number(fields, "health");
+    one.healthScoreMsg = text(fields, "healthMsg");
+    one.cpu.usage = real("cpu");
+    one.cpu.load1 = real("load1");
+    one.cpu.load5 = real("load5");
+    one.cpu.load15 = real("load15");
+    one.memory.used = number(fields, "used");
+    one.memory.total = number(fields, "total");
+    one.memory.usedPercent = real("usedPercent");
+    one.memory.pressure = text(fields, "pressure");
+    one.hardware.model = text(fields, "model");
+    one.hardware.cpuModel = text(fields, "cpuModel");
+    one.uptime = text(fields, "uptime");
+    return one;
+}
+
 std::vector<Category> manyCategories(int count, int pathsEach)
 {
     return many<Category>(count, [pathsEach](const std::string& number, std::int64_t bytes) {

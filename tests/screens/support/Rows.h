@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/StatusRecords.h"
 #include "files/Records.h"
 #include "scanners/AppInventory.h"
 
 #include <QVariantList>
+#include <QVariantMap>
 
 #include <vector>
 
@@ -15,6 +17,7 @@ namespace zolva::test {
 [[nodiscard]] std::vector<InstallerItem> installersFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<UninstallApp> appsFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<ResidueRow> leftoversFrom(const QVariantList& rows);
+[[nodiscard]] StatusResult statusFrom(const QVariantMap& fields);
 
 [[nodiscard]] std::vector<Category> manyCategories(int count, int pathsEach);
 [[nodiscard]] std::vector<Project> manyProjects(int count);
