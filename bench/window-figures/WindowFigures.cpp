@@ -4,11 +4,15 @@
 //   window-figures memory                at rest, and after going about and scanning
 //   window-figures scan-gap              the event loop while everything is scanned
 //   window-figures analyze-gap           the event loop with a hundred thousand entries
-//   window-figures idle SECONDS STATE    STATE is visible, minimised or hidden
+//   window-figures idle SECONDS STATE    STATE is visible, status (that screen, with a reading each
+//                                        second), minimised or hidden
 //   window-figures scroll                through ten thousand rows
 //
 // In the home, and on the display and the bus, of the environment.
 
+#include "FrameMeter.h"
+#include "app/DrawingChoice.h"
+#include "app/MotionWishes.h"
 #include "app/ZolvaApp.h"
 #include "async/Background.h"
 #include "core/SystemPrefsStore.h"
@@ -287,6 +291,10 @@ int idle(int seconds, std::string_view state)
         window.showMinimized();
     } else if (state == "hidden") {
         window.hide();
+    } else if (state == "status") {
+        StatusModel& status = *modelOf(window).status();
+        modelOf(window).go("status");
+        turnUntil([&status] { return status.page() == StatusModel::Live; });
     }
     turnFor(2000);
     const bool active = window.isActive();
@@ -344,6 +352,9 @@ int scroll()
     engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
     engine.load(QUrl(QStringLiteral("qrc:/qml/Zolva/Root/MainWindow.qml")));
     QQuickWindow& window = shownWindow();
+    const auto wish = systemReducedMotion();
+    followMotion(*engine.singletonInstance<Motion*>(qmlTypeId("Zolva.Kit", 1, 0, "Motion")), *wish,
+                 window);
     window.show();
     model.go("clean");
     turnUntilDrawn(window);
@@ -355,18 +366,8 @@ int scroll()
         std::fprintf(stderr, "window-figures: the list is not there\n");
         return 1;
     }
-    std::vector<double> frames;
-    for (int i = 0; i < 1000; ++i) {
-        QElapsedTimer time;
-        time.start();
-        list->setProperty("contentY", 50.0 * (i + 1));
-        turnUntilDrawn(window);
-        frames.push_back(static_cast<double>(time.nsecsElapsed()) / 1e6);
-    }
-    std::sort(frames.begin(), frames.end());
-    std::printf("p50 %.1f ms, p99 %.1f ms, slowest %.1f ms of %zu frames\n",
-                frames[frames.size() / 2], frames[frames.size() * 99 / 100], frames.back(),
-                frames.size());
+    FrameMeter meter(window, [list](int change) { list->setProperty("contentY", 50.0 * change); });
+    meter.run(1000);
     return 0;
 }
 
@@ -392,6 +393,7 @@ int main(int argc, char** argv)
 {
     const QGuiApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    zolva::chooseDrawing();
     const int code = zolva::measure({argv + 1, argv + argc});
     // As the program ends: what still runs is dropped.
     std::fflush(stdout);

@@ -1,11 +1,15 @@
 #include "app/AppDelegate.h"
 
+#include "async/Unawaited.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <utility>
+
 namespace zolva {
 
-AppDelegate::AppDelegate(QObject* parent) : QObject(parent)
+AppDelegate::AppDelegate(Clock& clock, QObject* parent) : QObject(parent), m_clock(clock)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -27,6 +31,31 @@ void AppDelegate::setWindow(QWindow* window)
 {
     m_window = window;
     window->installEventFilter(this);
+}
+
+void AppDelegate::setHasTray(bool has)
+{
+    if (std::exchange(m_hasTray, has) == has) {
+        return;
+    }
+    ++m_trayGen;
+    if (!has && isOutOfSight()) {
+        unawaited(missTray(this));
+    }
+}
+
+QCoro::Task<> AppDelegate::missTray(QPointer<AppDelegate> self)
+{
+    const int gen = self->m_trayGen;
+    co_await self->m_clock.sleep(trayPatience);
+    if (self && self->m_trayGen == gen && self->isOutOfSight()) {
+        self->shouldTerminate();
+    }
+}
+
+bool AppDelegate::isOutOfSight() const
+{
+    return m_window && !m_window->isVisible();
 }
 
 void AppDelegate::shouldClose()

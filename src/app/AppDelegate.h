@@ -1,12 +1,20 @@
 #pragma once
 
+#include "async/Clock.h"
 #include "screens/model/ScreenModel.h"
 
+#include <QCoroTask>
 #include <QObject>
 #include <QPointer>
 #include <QWindow>
 
+#include <chrono>
+
 namespace zolva {
+
+/// How long the program waits with its window closed for a tray that has gone to come back, as it
+/// does when the desktop's panel starts anew.
+inline constexpr std::chrono::seconds trayPatience{10};
 
 /// The two decisions that the window cannot make by itself: whether the program may end now, and
 /// how it comes back when its window has been closed. Main thread; window and model are watched and
@@ -16,14 +24,15 @@ class AppDelegate final : public QObject
     Q_OBJECT
 
 public:
-    /// With an application, whose wish to quit it takes over.
-    explicit AppDelegate(QObject* parent = nullptr);
+    /// With an application, whose wish to quit it takes over. The clock outlives it.
+    explicit AppDelegate(Clock& clock, QObject* parent = nullptr);
 
     /// From here on a run under way is asked about; until then every quit is allowed.
     void setModel(ScreenModel* model);
     void setWindow(QWindow* window);
-    /// With an icon that stays, closing the window hides it; without one it is a wish to quit.
-    void setHasTray(bool has) { m_hasTray = has; }
+    /// With an icon that stays, closing the window hides it; without one it is a wish to quit, and
+    /// so is the loss of the icon for good while the window is closed.
+    void setHasTray(bool has);
 
     /// Somebody wants to close the window: it hides, or that is a wish to quit.
     Q_SLOT void shouldClose();
@@ -42,9 +51,14 @@ Q_SIGNALS:
     void terminate();
 
 private:
+    static QCoro::Task<> missTray(QPointer<AppDelegate> self);
+    [[nodiscard]] bool isOutOfSight() const;
+
+    Clock& m_clock;
     QPointer<ScreenModel> m_model;
     QPointer<QWindow> m_window;
     bool m_hasTray = false;
+    int m_trayGen = 0; ///< of its coming and going
 };
 
 } // namespace zolva

@@ -1,11 +1,10 @@
 #include "app/MotionWishes.h"
 
+#include "app/DrawingChoice.h"
+
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QSGRendererInterface>
-
-#include <algorithm>
-#include <array>
 
 namespace zolva {
 
@@ -42,14 +41,6 @@ void followMotion(Motion& motion, const ReducedMotion& wish, QQuickWindow& windo
                 Qt::QueuedConnection);
         },
         Qt::DirectConnection);
-}
-
-bool isSoftwareRenderer(std::string_view name)
-{
-    constexpr std::array<std::string_view, 3> known = {"llvmpipe", "softpipe", "swrast"};
-    return std::any_of(known.begin(), known.end(), [name](std::string_view one) {
-        return name.find(one) != std::string_view::npos;
-    });
 }
 
 } // namespace zolva

@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include "app/CommandLine.h"
+#include "app/DrawingChoice.h"
 #include "app/ZolvaApp.h"
 #include "desktop/DesktopId.h"
 #include "desktop/Display.h"
@@ -89,6 +90,7 @@ int showAndWait(SingleInstance& place)
 {
     logToSystem();
     logToTerminal();
+    chooseDrawing();
     ZolvaApp zolva;
     if (!zolva.showWindow()) {
         complain(brokenWindow, 1);

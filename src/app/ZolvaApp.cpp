@@ -1,11 +1,15 @@
 #include "app/ZolvaApp.h"
 
 #include "app/MotionWishes.h"
+#include "core/Resources.h"
+#include "core/RunningBundle.h"
 #include "core/SystemPrefsStore.h"
 #include "desktop/ColorScheme.h"
 #include "desktop/OpenPlaces.h"
+#include "desktop/TrayItem.h"
 #include "files/HomeFolder.h"
 #include "platform/SystemTrash.h"
+#include "updates/LiveUpdateCheck.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -15,12 +19,15 @@ namespace zolva {
 
 ZolvaApp::ZolvaApp(QObject* parent)
     : QObject(parent), m_prefs(systemPrefsStore()), m_appearance(systemColorScheme()),
-      m_reducedMotion(systemReducedMotion()), m_model(dependencies()), m_screens(m_model, m_clock)
+      m_reducedMotion(systemReducedMotion()), m_model(dependencies()), m_screens(m_model, m_clock),
+      m_delegate(m_clock), m_menuBar(systemTrayItem(), m_screens, m_engine, m_clock)
 {
-    m_delegate.setHasTray(hasTray());
     // Not quit(), which would ask again.
     connect(&m_delegate, &AppDelegate::terminate, this, [] { QCoreApplication::exit(0); });
     connect(&m_signals, &QuitSignals::asked, &m_delegate, &AppDelegate::shouldTerminate);
+    MenuPanelModel* const menu = m_screens.menu();
+    connect(menu, &MenuPanelModel::mainWanted, &m_delegate, &AppDelegate::shouldHandleReopen);
+    connect(menu, &MenuPanelModel::quitWanted, &m_delegate, &AppDelegate::shouldTerminate);
     followSession();
 }
 
@@ -28,11 +35,13 @@ AppDependencies ZolvaApp::dependencies()
 {
     AppDependencies all = liveDependencies(m_clock, *m_prefs);
     all.appearance = m_appearance.get();
+    all.updates = {runningBundle(), liveUpdateCheck(m_clock)};
     // A door is opened by the model, so that it is there when one tells something.
-    all.doors =
-        systemDoors({homeTrashFolder(homeFolder()), all.logFolder, [this](const QString& text) {
-                         m_model.toasts().addToast(BannerKind::Warning, text);
-                     }});
+    const auto tell = [this](const QString& text) {
+        m_model.toasts().addToast(BannerKind::Warning, text);
+    };
+    all.doors = systemDoors(
+        {homeTrashFolder(homeFolder()), all.logFolder, tell, toolLicense(resourceFolders())});
     return all;
 }
 
@@ -47,6 +56,19 @@ void ZolvaApp::followSession()
             }
         },
         Qt::DirectConnection);
+}
+
+void ZolvaApp::startMenuBar(const QQuickWindow& window)
+{
+    connect(&m_menuBar, &MenuBarExtra::shownChanged, &m_delegate,
+            [this] { m_delegate.setHasTray(m_menuBar.isShown()); });
+    const auto followDesktop = [this] { m_menuBar.setOnDark(m_model.systemIsDark()); };
+    connect(&m_model, &AppModel::systemIsDarkChanged, this, followDesktop);
+    followDesktop();
+    // The window comes first.
+    connect(
+        &window, &QQuickWindow::frameSwapped, this, [this] { m_menuBar.start(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 bool ZolvaApp::showWindow()
@@ -66,6 +88,14 @@ bool ZolvaApp::showWindow()
     // The window's own signal, for its keys and buttons.
     connect(window, SIGNAL(closeWanted()), &m_delegate, SLOT(shouldClose()));
     m_delegate.setModel(&m_screens);
+    // Closed it keeps nothing of what it is drawn with.
+    window->setPersistentGraphics(false);
+    window->setPersistentSceneGraph(false);
+    startMenuBar(*window);
+    // Nothing of it may keep the window waiting.
+    connect(
+        window, &QQuickWindow::frameSwapped, this, [this] { m_model.checkForUpdatesIfDue(); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     window->show();
     return true;
 }

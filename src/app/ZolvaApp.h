@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/MenuBarExtra.h"
 #include "async/Clock.h"
 #include "core/AppModel.h"
 #include "core/PrefsStore.h"
@@ -11,6 +12,7 @@
 
 #include <QObject>
 #include <QQmlApplicationEngine>
+#include <QQuickWindow>
 
 #include <memory>
 
@@ -29,12 +31,11 @@ public:
     [[nodiscard]] bool showWindow();
     /// Brings it back and to the front.
     void reopen() { m_delegate.shouldHandleReopen(); }
-    /// Whether an icon stays where the window is closed.
-    [[nodiscard]] static bool hasTray() { return false; }
 
 private:
     [[nodiscard]] AppDependencies dependencies();
     void followSession();
+    void startMenuBar(const QQuickWindow& window);
 
     SystemClock m_clock;
     std::unique_ptr<PrefsStore> m_prefs;
@@ -44,7 +45,8 @@ private:
     ScreenModel m_screens;
     AppDelegate m_delegate;
     QuitSignals m_signals;
-    QQmlApplicationEngine m_engine; ///< goes first: it shows the others
+    QQmlApplicationEngine m_engine; ///< goes before the others: it shows them
+    MenuBarExtra m_menuBar;
 };
 
 } // namespace zolva

@@ -5,6 +5,7 @@
 #include "diagnostics/CrashCapture.h"
 #include "diagnostics/RunJournal.h"
 #include "files/HomeFolder.h"
+#include "platform/VolumeName.h"
 #include "removal/FreeSpaceMeter.h"
 #include "removal/runs/LiveRemovalDisk.h"
 #include "scanners/InstallerScanner.h"
@@ -16,6 +17,7 @@ AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs)
     AppReads reads;
     reads.installers = [&clock] { return background(InstallerScanner::scan, clock.now()); };
     reads.blockedLocations = [] { return background(diskAccess::blockedLocations); };
+    reads.volumeName = [] { return volumeName(homeFolder()); };
     return {.clock = clock,
             .prefs = prefs,
             .runner = std::make_unique<LiveMoRunner>(clock),

@@ -11,6 +11,7 @@
 #include "removal/runs/RemovalDisk.h"
 #include "removal/runs/UninstallRun.h"
 #include "scanners/DiskAccess.h"
+#include "updates/UpdateController.h"
 
 #include <QCoroTask>
 
@@ -28,6 +29,8 @@ struct AppReads
 {
     std::function<QCoro::Task<std::vector<InstallerItem>>()> installers;
     std::function<QCoro::Task<std::vector<diskAccess::Location>>()> blockedLocations;
+    /// Of the home's volume, at once, as bytes; empty where it has none.
+    std::function<std::string()> volumeName{};
 };
 
 /// Places that are shown to the user outside this program. Where there is none, nothing happens.
@@ -36,8 +39,11 @@ struct AppDoors
     std::function<void()> accessSettings; ///< where access to folders is granted
     std::function<void()> logFolder;
     std::function<void()> trash;
+    /// A page of the web, by its whole address.
+    std::function<void(const std::string& url)> page;
     /// The item at the path, selected in its folder; it may begin with a tilde, and be gone.
     std::function<void(const std::string& path)> reveal;
+    std::function<void()> toolLicense; ///< the text that the shipped tool came with
 };
 
 /// What removals read and change outside this program.
@@ -70,10 +76,12 @@ struct AppDependencies
     std::function<void(const std::string& logFolder)> crashCapture;
     SystemAppearance* appearance = nullptr; ///< outlives the model; null for a light desktop
     AppDoors doors{};
+    AppUpdates updates{};
     StartSteps steps{};
 };
 
-/// The real ones, as far as they need no window: neither appearance nor doors. Looks for the tool.
+/// The real ones, as far as they need no window: no appearance, doors or updates. Looks for the
+/// tool.
 [[nodiscard]] AppDependencies liveDependencies(Clock& clock, PrefsStore& prefs);
 
 } // namespace zolva

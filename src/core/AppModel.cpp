@@ -93,10 +93,24 @@ void AppModel::openAccessSettings() const
     }
 }
 
+void AppModel::openPage(const std::string& url) const
+{
+    if (m_doors.page) {
+        m_doors.page(url);
+    }
+}
+
 void AppModel::reveal(const std::string& path) const
 {
     if (m_doors.reveal) {
         m_doors.reveal(path);
+    }
+}
+
+void AppModel::openToolLicense() const
+{
+    if (m_doors.toolLicense) {
+        m_doors.toolLicense();
     }
 }
 

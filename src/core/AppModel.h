@@ -8,6 +8,7 @@
 #include "core/SortKey.h"
 #include "removal/Toasts.h"
 #include "scanners/DiskAccess.h"
+#include "updates/UpdateController.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -33,6 +34,7 @@ public:
     explicit AppModel(AppDependencies dependencies, QObject* parent = nullptr);
 
     [[nodiscard]] LiveData& live() { return m_live; }
+    [[nodiscard]] UpdateController& updates() { return m_updates; }
     [[nodiscard]] AppSettings& settings() { return m_settings; }
     [[nodiscard]] Exclusions& exclusions() { return m_settings.exclusions(); }
     [[nodiscard]] AppLists& lists() { return m_lists; }
@@ -85,12 +87,21 @@ public:
         return m_blockedLocations;
     }
     [[nodiscard]] bool showAccessIntro() const { return m_showAccessIntro; }
+    /// Of the volume that holds the home, as bytes; empty where it has none.
+    [[nodiscard]] std::string volumeName() const;
     /// For good: it never comes back.
     void dismissAccessIntro(bool openSettings);
     /// Where the system lets the user grant access to folders.
     void openAccessSettings() const;
+    /// A page of the web in the user's browser.
+    void openPage(const std::string& url) const;
     /// Shows the item in its folder, in the desktop's own file manager: `tildePath` form or not.
     void reveal(const std::string& path) const;
+    void openToolLicense() const;
+
+    /// The last step of a start: looks for an update if the last look was a day ago. Apart from the
+    /// others, since it writes, and loads what the network needs: it may wait for the first frame.
+    void checkForUpdatesIfDue();
 
     /// Every scan, afresh.
     void scanAll();
@@ -131,6 +142,7 @@ private:
     void setShowAccessIntro(bool shown);
 
     LiveData m_live;
+    UpdateController m_updates;
     AppSettings m_settings;
     AppLists m_lists;
     ToastList m_toasts;

@@ -120,6 +120,11 @@ QCoro::Task<> AppModel::introduceAccess()
     }
 }
 
+std::string AppModel::volumeName() const
+{
+    return m_reads.volumeName ? m_reads.volumeName() : std::string();
+}
+
 void AppModel::refreshMeters()
 {
     m_removal.space().refreshFreeSpace();

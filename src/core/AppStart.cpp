@@ -5,14 +5,22 @@
 #include "async/Unawaited.h"
 #include "diagnostics/RunJournal.h"
 
+#include <chrono>
 #include <utility>
 
 namespace zolva {
+
+namespace {
+
+constexpr std::chrono::duration<double> updateInterval = std::chrono::hours(24);
+
+} // namespace
 
 // The members come first, in their order: live data, then the fields with their defaults.
 AppModel::AppModel(AppDependencies dependencies, QObject* parent)
     : QObject(parent),
       m_live(std::move(dependencies.runner), std::move(dependencies.scans), dependencies.mo),
+      m_updates(dependencies.clock, std::move(dependencies.updates), dependencies.doors.page),
       m_settings(dependencies.prefs, m_live), m_toasts(dependencies.clock),
       m_reads(std::move(dependencies.reads)), m_doors(std::move(dependencies.doors)),
       m_removal({dependencies.clock, m_live, m_settings, m_lists, m_toasts},
@@ -35,6 +43,14 @@ AppModel::AppModel(AppDependencies dependencies, QObject* parent)
     if (dependencies.steps.accessProbe && !m_settings.prefs().seenAccessIntro()) {
         unawaited(introduceAccess());
     }
+}
+
+void AppModel::checkForUpdatesIfDue()
+{
+    Prefs& prefs = m_settings.prefs();
+    m_updates.checkIfDue({.read = [&prefs] { return prefs.lastUpdateCheck(); },
+                          .write = [&prefs](double now) { prefs.writeLastUpdateCheck(now); }},
+                         updateInterval);
 }
 
 void AppModel::followAppearance(SystemAppearance* appearance)

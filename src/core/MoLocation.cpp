@@ -89,6 +89,18 @@ bool isExecutableFile(const std::string& path)
            ::access(path.c_str(), X_OK) == 0;
 }
 
+std::string toolLicense(const std::vector<std::string>& resources)
+{
+    for (const std::string& folder : resources) {
+        std::string path = joinedPath(folder, "mole/LICENSE");
+        std::error_code ignored;
+        if (std::filesystem::is_regular_file(path, ignored)) {
+            return path;
+        }
+    }
+    return {};
+}
+
 const std::vector<std::string>& installedMo()
 {
     static const std::vector<std::string> places = {"/opt/homebrew/bin/mo", "/usr/local/bin/mo"};

@@ -38,6 +38,10 @@ struct MoLocation
 /// target for an installed one. Reads the disk.
 [[nodiscard]] std::optional<std::string> moVersion(const MoLocation& location = moLocation());
 
+/// The licence that the tool came with, in the first folder of resources that has it; empty where
+/// none has. Reads the disk.
+[[nodiscard]] std::string toolLicense(const std::vector<std::string>& resources);
+
 /// Whether an executable file stands at the path, links followed.
 [[nodiscard]] bool isExecutableFile(const std::string& path);
 

@@ -1,7 +1,7 @@
 #include "core/StatusDecoder.h"
 
-#include "core/JsonReader.h"
 #include "files/DisplayPath.h"
+#include "json/JsonReader.h"
 
 #include <nlohmann/json.hpp>
 

@@ -10,4 +10,9 @@ QString cannotOpen(const char* words, const std::string& path)
            QStringLiteral(".");
 }
 
+QString cannotOpenPage(const std::string& url)
+{
+    return QString::fromUtf8(placewords::page) + QString::fromStdString(displayLine(url));
+}
+
 } // namespace zolva

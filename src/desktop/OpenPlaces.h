@@ -15,7 +15,9 @@ inline constexpr auto trash = "No program was found that can open the Trash. It 
 inline constexpr auto logFolder = "No program was found that can open the log folder. It is at ";
 inline constexpr auto accessSettings =
     "No settings program was found. Your file manager can change who may read a folder.";
+inline constexpr auto page = "No program was found that can open web pages. The address is ";
 inline constexpr auto reveal = "No program was found that can show ";
+inline constexpr auto toolLicense = "No program was found that can open the license. It is at ";
 } // namespace placewords
 
 /// Where the doors lead, and whom they tell. Paths are bytes and absolute.
@@ -24,6 +26,7 @@ struct Places
     std::string trashFolder;
     std::string logFolder;
     std::function<void(const QString&)> tell; ///< that nothing can be opened, in words
+    std::string toolLicense{};                ///< empty where there is none: then nothing happens
 };
 
 /// The doors to this desktop's own programs. They wait for nothing and start what they start apart
@@ -32,5 +35,8 @@ struct Places
 
 /// `words` with the path at the end, as it is shown.
 [[nodiscard]] QString cannotOpen(const char* words, const std::string& path);
+
+/// That there is no browser, with the address as it is shown.
+[[nodiscard]] QString cannotOpenPage(const std::string& url);
 
 } // namespace zolva

@@ -1,22 +1,8 @@
 #include "files/SizeText.h"
 
-#include <array>
-#include <charconv>
+#include "files/FixedText.h"
 
 namespace zolva {
-
-namespace {
-
-/// By `to_chars` and not `printf`, whose decimal point is that of the process's locale.
-std::string fixedText(double value, int digits)
-{
-    std::array<char, 48> buffer{};
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                      std::chars_format::fixed, digits);
-    return {buffer.data(), result.ptr};
-}
-
-} // namespace
 
 std::string sizeText(std::int64_t bytes)
 {

@@ -21,8 +21,6 @@ namespace {
 constexpr std::array<std::string_view, 11> placeholderNames = {
     "", "unknown", "Unknown", "UNKNOWN", "N/A", "--", "null", "(null)", "nil", ".", ".."};
 
-constexpr std::string_view bundleLabel = "Application bundle";
-
 enum class Key
 {
     BundleID,

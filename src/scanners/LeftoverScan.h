@@ -9,6 +9,9 @@
 /// What else on this disk belongs to an application, and who shares it.
 namespace zolva {
 
+/// The location of the row that is the bundle itself.
+inline constexpr std::string_view bundleLabel = "Application bundle";
+
 /// Whether a bundle identifier or a name may be built into a path. Pure.
 [[nodiscard]] bool isUsableIdentifier(std::string_view text);
 

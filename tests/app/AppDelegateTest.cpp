@@ -40,7 +40,7 @@ protected:
 
     QWindow window;
     std::unique_ptr<ScreenModel> screens;
-    AppDelegate delegate;
+    AppDelegate delegate{clock};
     Told ended{&delegate, &AppDelegate::terminate};
 };
 
@@ -153,6 +153,55 @@ TEST_F(Delegate, BringsTheClosedWindowBack)
     ASSERT_FALSE(window.isVisible());
     delegate.shouldHandleReopen();
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(Delegate, EndsWhereTheIconIsGoneForGoodAndTheWindowClosed)
+{
+    delegate.setModel(screens.get());
+    delegate.setHasTray(true);
+    closeWindow();
+    delegate.setHasTray(false);
+    clock.advance(trayPatience - milliseconds(1));
+    EXPECT_EQ(ended.count(), 0);
+    clock.advance(milliseconds(1));
+    EXPECT_EQ(ended.count(), 1);
+}
+
+TEST_F(Delegate, AsksBeforeItEndsARunWithTheIcon)
+{
+    delegate.setModel(screens.get());
+    delegate.setHasTray(true);
+    closeWindow();
+    runs().setBulk(BulkProgress{});
+    delegate.setHasTray(false);
+    clock.advance(trayPatience);
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_TRUE(quit().isAsking());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(Delegate, GoesOnWhereTheIconComesBackInTime)
+{
+    delegate.setModel(screens.get());
+    delegate.setHasTray(true);
+    closeWindow();
+    delegate.setHasTray(false);
+    clock.advance(trayPatience / 2);
+    delegate.setHasTray(true);
+    clock.advance(trayPatience);
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(Delegate, GoesOnWithoutTheIconWhereTheWindowIsOpen)
+{
+    delegate.setModel(screens.get());
+    delegate.setHasTray(true);
+    delegate.setHasTray(false);
+    clock.advance(trayPatience);
+    EXPECT_EQ(ended.count(), 0);
+    closeWindow();
+    EXPECT_EQ(ended.count(), 1);
 }
 
 TEST_F(Delegate, BringsTheMinimisedWindowBackAsItWas)

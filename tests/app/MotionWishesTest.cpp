@@ -53,16 +53,6 @@ TEST_F(MotionWishes, KnowTheWindowThatIsDrawnByTheProcessor)
     pumpUntil([&motion] { return motion.isSoftware(); });
 }
 
-TEST(SoftwareRenderer, IsKnownByItsName)
-{
-    for (const char* name : {"llvmpipe (LLVM 15.0.6, 256 bits)", "softpipe", "Software swrast"}) {
-        EXPECT_TRUE(isSoftwareRenderer(name)) << name;
-    }
-    for (const char* name : {"", "Mesa Intel(R) UHD Graphics 620 (KBL GT2)", "Apple M1", "virgl"}) {
-        EXPECT_FALSE(isSoftwareRenderer(name)) << name;
-    }
-}
-
 } // namespace
 
 } // namespace zolva::test

@@ -15,6 +15,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,13 +42,26 @@ public:
     std::unique_ptr<QProcess> begin(const std::string& bus, const QStringList& arguments = {})
     {
         auto process = std::make_unique<QProcess>();
-        process->setProgram(QStringLiteral(ZOLVA));
+        process->setProgram(QString::fromStdString(program));
         process->setArguments(arguments);
         process->setProcessEnvironment(environment(bus));
         process->start();
         return process;
     }
 
+    /// A copy of the program, beside which lies a feed that nobody serves.
+    void giveFeed()
+    {
+        m_tree.text("share/zolva/UpdateConfig.plist",
+                    R"(<?xml version="1.0"?><plist version="1.0"><dict>)"
+                    R"(<key>ManifestURL</key><string>https://127.0.0.1:1/feed.json</string>)"
+                    R"(<key>PublicKey</key><string>KEY</string></dict></plist>)");
+        m_tree.folder("bin");
+        program = m_tree.path("bin/zolva");
+        std::filesystem::copy_file(ZOLVA, program);
+    }
+
+    std::string program = ZOLVA;
     std::optional<std::string> platform = "offscreen";
     std::string display;
 
@@ -168,6 +182,21 @@ TEST(Program, TellsThatTheDisplayCannotBeReached)
     const Ending end = ending(*process);
     EXPECT_EQ(end.code, 1);
     EXPECT_EQ(end.err, noDisplay);
+}
+
+TEST(Program, LooksForAnUpdateOnceItsWindowIsThereIfItHasAFeed)
+{
+    Session session;
+    session.giveFeed();
+    const QString settings =
+        QString::fromStdString(session.path("CONFIG_HOME/zolva/preferences.json"));
+    const auto first = session.begin({});
+    pumpUntil([&settings] { return QFile::exists(settings); }, std::chrono::seconds(60));
+    QFile file(settings);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("zolva.lastUpdateCheck"));
+    signalTo(*first, SIGTERM);
+    EXPECT_EQ(ending(*first).code, 0);
 }
 
 TEST(Program, EndsTheSecondOfASessionAndLeavesTheFirst)

@@ -15,36 +15,6 @@ using Names = std::vector<std::string>;
 class ModelRemoval : public WholeModel
 {
 protected:
-    static CatPath path(const std::string& where, std::int64_t bytes)
-    {
-        CatPath one;
-        one.p = where;
-        one.b = bytes;
-        return one;
-    }
-    static Category cache(const std::string& id, std::vector<CatPath> paths)
-    {
-        Category one = category(id);
-        one.paths = std::move(paths);
-        return one;
-    }
-    static Project built(const std::string& where, std::int64_t bytes)
-    {
-        Project one = project(where);
-        one.b = bytes;
-        return one;
-    }
-    static InstallerItem image(const std::string& where, std::int64_t bytes)
-    {
-        InstallerItem one = installer(where);
-        one.b = bytes;
-        return one;
-    }
-    AppModel& ready()
-    {
-        store.values["zolva.seenAccessIntro"] = true;
-        return start();
-    }
     /// A finished scan of two caches, of which the first is ticked.
     AppModel& cleaned()
     {

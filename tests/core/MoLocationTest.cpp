@@ -81,6 +81,17 @@ TEST_F(MoLocationTest, WithNoToolAnywhereThePathIsTheFirstInstalledPlace)
               (std::vector<std::string>{"/opt/homebrew/bin/mo", "/usr/local/bin/mo"}));
 }
 
+TEST_F(MoLocationTest, TheLicenseIsThatOfTheFirstFolderOfResourcesThatHasOne)
+{
+    const auto found = [this] { return toolLicense({m_tree.path("lib"), m_tree.path("share")}); };
+    EXPECT_EQ(found(), "");
+    m_tree.folder("lib/mole/LICENSE");
+    EXPECT_EQ(found(), "");
+    const std::string shared = m_tree.text("share/mole/LICENSE", "Do as you like.");
+    EXPECT_EQ(found(), shared);
+    EXPECT_EQ(toolLicense({}), "");
+}
+
 TEST_F(MoLocationTest, AFolderAndAFileWithoutTheBitAreNoTool)
 {
     m_tree.folder("lib/mole/bin/mole");

@@ -10,6 +10,8 @@
 
 #include <QMetaMethod>
 
+#include <cstdint>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <optional>
@@ -136,12 +138,13 @@ struct ModelWorld
                           [this] {
                               steps.emplace_back("access probed");
                               return probes.ask();
-                          }},
+                          },
+                      .volumeName = [this] { return volumeName; }},
             .disk = {.disk = disk,
                      .space =
                          [this] {
                              steps.emplace_back("space read");
-                             return VolumeSpace{100, 200};
+                             return volumeSpace;
                          },
                      .processes = std::make_unique<ScriptedProcesses>(),
                      .scanResidue = [](const UninstallApp&, const std::vector<UninstallApp>&)
@@ -156,10 +159,28 @@ struct ModelWorld
                 .accessSettings = [this] { steps.emplace_back("access settings opened"); },
                 .logFolder = [this] { steps.emplace_back("log folder opened"); },
                 .trash = [this] { steps.emplace_back("Trash opened"); },
-                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); }},
+                .page = [this](const std::string& url) { steps.push_back("page " + url); },
+                .reveal = [this](const std::string& path) { steps.push_back("revealed " + path); },
+                .toolLicense = [this] { steps.emplace_back("license opened"); }},
+            .updates = {bundle,
+                        [this](const QUrl& url, const std::string& key, std::int64_t build,
+                               const std::stop_token& /*stop*/) {
+                            steps.push_back("update check of " + url.toString().toStdString() +
+                                            " with " + key + " for " + std::to_string(build));
+                            return updateChecks.ask();
+                        }},
             .steps = which};
     }
 
+    /// A program whose resources, in the folder, hold a feed that can be used.
+    static AppBundle bundleWithFeed(const std::string& folder)
+    {
+        std::ofstream(folder + "/UpdateConfig.plist")
+            << R"(<?xml version="1.0"?><plist version="1.0"><dict>)"
+               R"(<key>ManifestURL</key><string>https://example.org/feed</string>)"
+               R"(<key>PublicKey</key><string>KEY</string></dict></plist>)";
+        return {.shortVersion = "0.1.0", .version = "5", .resourceFolders = {folder}};
+    }
     static Blocked blocked(const std::vector<std::string>& labels)
     {
         Blocked all;
@@ -189,10 +210,14 @@ struct ModelWorld
     }
 
     std::string logFolder;
+    std::string volumeName = "Quiet Disk";
+    VolumeSpace volumeSpace{100, 200};
     Steps steps;
     ManualClock clock;
     RecordingStore store{steps};
     ScriptedAppearance appearance{steps};
+    std::optional<AppBundle> bundle; ///< without one there are no updates
+    HeldCalls<UpdateCheckResult> updateChecks;
     RunnerScript script;
     HeldScans held;
     HeldCalls<std::vector<InstallerItem>> installers;

@@ -40,6 +40,39 @@ class WholeModel : public ::testing::Test, protected HomeOfATest, protected Mode
 protected:
     WholeModel() : ModelWorld(tree.path("logs")) {}
 
+    /// Built, with nothing to tell at the first start.
+    AppModel& ready()
+    {
+        store.values["zolva.seenAccessIntro"] = true;
+        return start();
+    }
+    static CatPath path(const std::string& where, std::int64_t bytes, bool prot = false)
+    {
+        CatPath one;
+        one.p = where;
+        one.b = bytes;
+        one.prot = prot;
+        return one;
+    }
+    static Category cache(const std::string& id, std::vector<CatPath> all)
+    {
+        Category one = category(id);
+        one.paths = std::move(all);
+        return one;
+    }
+    static Project built(const std::string& where, std::int64_t bytes)
+    {
+        Project one = project(where);
+        one.b = bytes;
+        return one;
+    }
+    static InstallerItem image(const std::string& where, std::int64_t bytes)
+    {
+        InstallerItem one = installer(where);
+        one.b = bytes;
+        return one;
+    }
+
     RecordedLog log;
     ScopedLogSink logSteps{
         [this](const LogRecord& record) { steps.push_back("logged " + record.message); }};

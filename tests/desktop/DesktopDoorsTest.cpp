@@ -220,6 +220,55 @@ TEST_F(Doors, TakeGioWhereThereIsNoOtherOpener)
     EXPECT_EQ(ran(), "gio [open] [" + uri("home/Library/Logs/Zolva") + "]");
 }
 
+TEST_F(Doors, OpenAPageByWhatIsRegisteredForIt)
+{
+    program("xdg-open");
+    handler("x-scheme-handler/https");
+    doors(noBus())->openPage("https://example.org/a?b=c&d=%20'#e");
+    awaitRun();
+    EXPECT_EQ(ran(), "xdg-open [https://example.org/a?b=c&d=%20'#e]");
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, TellTheAddressOfAPageIfNothingOpensIt)
+{
+    program("xdg-open");
+    doors(noBus())->openPage("https://example.org/get");
+    EXPECT_EQ(told, QStringList{QStringLiteral("No program was found that can open web pages. The "
+                                               "address is https://example.org/get")});
+    EXPECT_FALSE(std::filesystem::exists(tree.path("ran")));
+}
+
+TEST_F(Doors, OpenTheLicenseByWhatIsRegisteredForText)
+{
+    program("xdg-open");
+    handler("text/plain");
+    const std::string path = tree.text("mole/LICENSE", "Do as you like.");
+    const auto tell = [this](const QString& text) { told.append(text); };
+    DesktopDoors(noBus(), Places{{}, {}, tell, path}).openToolLicense();
+    awaitRun();
+    EXPECT_EQ(ran(), "xdg-open [" + uri("mole/LICENSE") + "]");
+    EXPECT_TRUE(told.isEmpty());
+}
+
+TEST_F(Doors, TellWhereTheLicenseIsIfNothingOpensIt)
+{
+    program("xdg-open");
+    const auto tell = [this](const QString& text) { told.append(text); };
+    DesktopDoors(noBus(), Places{{}, {}, tell, "/opt/LICENSE"}).openToolLicense();
+    EXPECT_EQ(told, QStringList{QStringLiteral("No program was found that can open the license. It "
+                                               "is at /opt/LICENSE.")});
+}
+
+TEST_F(Doors, OpenNothingWhereThereIsNoLicense)
+{
+    program("xdg-open");
+    handler("text/plain");
+    doors(noBus())->openToolLicense();
+    EXPECT_TRUE(told.isEmpty());
+    EXPECT_FALSE(std::filesystem::exists(tree.path("ran")));
+}
+
 TEST_F(Doors, OpenTheSettingsOfTheDesktopThatRuns)
 {
     for (const char* name : {"gnome-control-center", "systemsettings", "xfce4-settings-manager"}) {

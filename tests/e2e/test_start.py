@@ -52,6 +52,17 @@ class Start(WindowCase):
         self.button("Review Clean").press()
         self.wait_for_screen("Clean")
 
+    def test_the_tab_key_goes_round_the_window_after_a_scan(self):
+        self.start()
+        self.tab_to("Scan")
+        self.bus.type_key("Return")
+        self.wait(lambda: any(line.startswith("heading: You can reclaim")
+                              for line in self.window().said()), "the sum")
+        self.wait_focus("Rescan")
+        trash = ["Empty Trash"] if self.trash()[0] else []
+        self.assert_tabs(["Rescan", "Review Clean", "Clean", "Purge", "Installers", "Uninstall",
+                          "Home"] + trash + ["Rescan"])
+
     def told(self, command):
         """How many a scan by the command line finds, and their sum."""
         (items,) = json.loads(self.world.ask_control(command, "--json")).values()

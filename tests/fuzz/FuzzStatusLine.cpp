@@ -5,8 +5,6 @@
 
 // The room of the model cannot be built by this compiler with sanitizers, on account of its
 // coroutines. What is fuzzed here needs none of that, and is compiled into this program.
-#include "core/IsoDate.cpp"       // NOLINT(bugprone-suspicious-include)
-#include "core/JsonReader.cpp"    // NOLINT(bugprone-suspicious-include)
 #include "core/LineSplitter.cpp"  // NOLINT(bugprone-suspicious-include)
 #include "core/StatusDecoder.cpp" // NOLINT(bugprone-suspicious-include)
 

@@ -2,6 +2,7 @@
 #include "platform/FileDescriptor.h"
 #include "platform/OpenWithin.h"
 #include "support/DroppedCapabilities.h"
+#include "support/InChild.h"
 #include "support/SecondVolume.h"
 #include "support/TrashHome.h"
 

@@ -1,5 +1,7 @@
 #include "screens/model/ConfirmMessages.h"
 
+#include "files/DisplayPath.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -89,7 +91,7 @@ TEST(ConfirmMessages, PurgingIntoTheTrash)
     EXPECT_EQ(words.button, "Purge");
     EXPECT_EQ(words.symbol, "folder.badge.minus");
     ASSERT_EQ(words.rows.size(), 2);
-    EXPECT_EQ(words.rows[0], (ConfirmRow{"~/code/one/build", "1.0 MB"}));
+    EXPECT_EQ(words.rows[0], (ConfirmRow{"~/code/one/build", "1.0 MB", "~/code/one/build"}));
 }
 
 TEST(ConfirmMessages, PurgingForGood)
@@ -112,7 +114,7 @@ TEST(ConfirmMessages, InstallersIntoTheTrash)
     EXPECT_EQ(words.button, "Move to Trash");
     EXPECT_EQ(words.symbol, "shippingbox.fill");
     ASSERT_EQ(words.rows.size(), 1);
-    EXPECT_EQ(words.rows[0], (ConfirmRow{"~/Downloads/one.dmg", "2.0 MB"}));
+    EXPECT_EQ(words.rows[0], (ConfirmRow{"~/Downloads/one.dmg", "2.0 MB", "~/Downloads/one.dmg"}));
 }
 
 TEST(ConfirmMessages, InstallersForGood)
@@ -135,7 +137,7 @@ TEST(ConfirmMessages, UninstallingIntoTheTrash)
     EXPECT_EQ(words.button, "Uninstall");
     EXPECT_EQ(words.symbol, "trash.fill");
     ASSERT_EQ(words.rows.size(), 1);
-    EXPECT_EQ(words.rows[0], (ConfirmRow{"/Applications/One.app", ""}));
+    EXPECT_EQ(words.rows[0], (ConfirmRow{"/Applications/One.app", "", "/Applications/One.app"}));
 }
 
 TEST(ConfirmMessages, UninstallingForGood)
@@ -194,6 +196,15 @@ TEST(ConfirmMessages, APathOfFiftyNineCharactersIsShortenedToFiftySix)
     EXPECT_EQ(words.rows[0].label.size(), 58);
     EXPECT_EQ(words.rows[1].label.toStdString(), std::string(24, 'x') + "…" + std::string(31, 'y'));
     EXPECT_EQ(words.rows[1].label.size(), 56);
+}
+
+TEST(ConfirmMessages, ARowKnowsItsWholePath)
+{
+    std::vector<CatPath> one = paths(1);
+    one[0].p = std::string(100, 'x') + "\n";
+    const ConfirmWords words = eraseWords(one, 1, true);
+    EXPECT_EQ(words.rows[0].fullText, QString::fromStdString(displayText(one[0].p)));
+    EXPECT_GE(words.rows[0].fullText.size(), 101);
 }
 
 } // namespace

@@ -43,7 +43,7 @@ TEST_F(TheConfirmation, OfCleaningSpeaksOfTheTickedPaths)
     EXPECT_EQ(confirm.body(), eraseBody);
     EXPECT_EQ(confirm.button(), "Clean");
     ASSERT_EQ(confirm.rows().size(), 2);
-    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/a", "1 KB"}));
+    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/a", "1 KB", "/a"}));
     EXPECT_EQ(confirm.more(), "");
     EXPECT_EQ(told.count(), 1);
 }
@@ -58,7 +58,7 @@ TEST_F(TheConfirmation, OfPurgingSpeaksOfTheTickedProjects)
     m.raiseSheet("purge");
     EXPECT_EQ(confirm.title(), "Move 1 KB of build artifacts to the Trash?");
     ASSERT_EQ(confirm.rows().size(), 1);
-    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/p/build", "1 KB"}));
+    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/p/build", "1 KB", "/p/build"}));
 }
 
 TEST_F(TheConfirmation, OfInstallersSpeaksOfTheTickedOnes)
@@ -71,7 +71,7 @@ TEST_F(TheConfirmation, OfInstallersSpeaksOfTheTickedOnes)
     EXPECT_TRUE(confirm.isOpen());
     EXPECT_EQ(confirm.title(), "Move 1 installer to the Trash?");
     ASSERT_EQ(confirm.rows().size(), 1);
-    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/j", "5 KB"}));
+    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/j", "5 KB", "/j"}));
 }
 
 TEST_F(TheConfirmation, OfUninstallingSpeaksOfTheCheckedApps)
@@ -83,7 +83,8 @@ TEST_F(TheConfirmation, OfUninstallingSpeaksOfTheCheckedApps)
     const ConfirmModel confirm(m);
     EXPECT_EQ(confirm.title(), "Uninstall this app?");
     ASSERT_EQ(confirm.rows().size(), 1);
-    EXPECT_EQ(confirm.rows()[0], (ConfirmRow{"/Applications/Two.app", ""}));
+    EXPECT_EQ(confirm.rows()[0],
+              (ConfirmRow{"/Applications/Two.app", "", "/Applications/Two.app"}));
 }
 
 TEST_F(TheConfirmation, OfUninstallingNothingSpeaksOfZeroApps)

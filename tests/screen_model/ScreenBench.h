@@ -64,14 +64,6 @@ private:
 class ScreenBench : public WholeModel
 {
 protected:
-    static CatPath path(const std::string& where, std::int64_t bytes, bool prot = false)
-    {
-        CatPath one;
-        one.p = where;
-        one.b = bytes;
-        one.prot = prot;
-        return one;
-    }
     static std::vector<CatPath> paths(std::size_t count, std::int64_t bytes = 1000)
     {
         std::vector<CatPath> all;
@@ -80,30 +72,7 @@ protected:
         }
         return all;
     }
-    static Category cache(const std::string& id, std::vector<CatPath> all)
-    {
-        Category one = category(id);
-        one.paths = std::move(all);
-        return one;
-    }
-    static Project built(const std::string& where, std::int64_t bytes)
-    {
-        Project one = project(where);
-        one.b = bytes;
-        return one;
-    }
-    static InstallerItem image(const std::string& where, std::int64_t bytes)
-    {
-        InstallerItem one = installer(where);
-        one.b = bytes;
-        return one;
-    }
 
-    AppModel& ready()
-    {
-        store.values["zolva.seenAccessIntro"] = true;
-        return start();
-    }
     void scanned(AppModel& m, std::vector<Category> found)
     {
         unawaited(m.scanClean(true));
@@ -136,6 +105,24 @@ protected:
     {
         unawaited(m.live().analyze(result.path));
         found(std::move(result));
+    }
+    static UninstallApp appOf(const std::string& name, std::int64_t bytes)
+    {
+        UninstallApp one = app(name);
+        one.bundleBytes = bytes;
+        return one;
+    }
+    void listed(AppModel& m, const std::vector<UninstallApp>& found)
+    {
+        m.live().forgetApps();
+        unawaited(m.live().loadApps());
+        script.lists.answer(script.lists.count() - 1, AppList(found));
+        held.enrich.answer(held.enrich.count() - 1, found);
+    }
+    /// What the application in focus has left behind.
+    void leftBehind(std::vector<ResidueRow> found) const
+    {
+        held.residue.answer(held.residue.count() - 1, std::move(found));
     }
     void blind(AppModel& m, const std::vector<std::string>& labels)
     {

@@ -4,14 +4,12 @@ import Zolva.Kit
 import Zolva.Root
 import Zolva.Test
 
-// The ground of the tests of screens: a model of its own for each function, what shows it, and ways
-// to find things in it as a person does, by what they are called or what is written. Every warning
-// of the engine fails the test.
-TestCase {
+// The ground of the tests of screens: a model of its own for each function, and what shows it. Every
+// warning of the engine fails the test.
+FindingCase {
     id: ground
 
     property Fixture fixture: null
-    property Item view: null
 
     height: 812
     visible: true
@@ -75,61 +73,6 @@ TestCase {
         wait(0);
         waitForRendering(view, 30);
         wait(0);
-    }
-
-    function walk(item, wanted) {
-        if (wanted(item))
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = walk(item.children[i], wanted);
-            if (found)
-                return found;
-        }
-        return null;
-    }
-
-    function all(item, wanted): var {
-        let found = [];
-        walk(item, each => {
-            if (wanted(each))
-                found.push(each);
-            return false;
-        });
-        return found;
-    }
-
-    /// What a screen reader would find under that name.
-    function spoken(name: string, within): Item {
-        return walk(within ?? view, item => item.visible && !item.Accessible.ignored && item.Accessible.name === name);
-    }
-
-    function allSpoken(name: string, within): var {
-        return all(within ?? view, item => item.visible && !item.Accessible.ignored && item.Accessible.name === name);
-    }
-
-    function written(text: string, within): Item {
-        return walk(within ?? view, item => item.visible && item.opacity > 0 && item instanceof Text && item.text === text);
-    }
-
-    function typed(type: string, within): Item {
-        return walk(within ?? view, item => item.toString().startsWith(type + "_"));
-    }
-
-    function allTyped(type: string, within): var {
-        return all(within ?? view, item => item.visible && item.toString().startsWith(type + "_"));
-    }
-
-    /// Where it stands in the view.
-    function place(item: Item, within): rect {
-        return item.mapToItem(within ?? view, 0, 0, item.width, item.height);
-    }
-
-    function endY(rect: rect): real {
-        return rect.y + rect.height;
-    }
-
-    function endX(rect: rect): real {
-        return rect.x + rect.width;
     }
 
     function focused(): Item {

@@ -61,6 +61,7 @@ ScreenCase {
         fixture.setBlocked([]);
         settle();
         verify(written("macOS is withholding some locations. Zolva will still work, but anything in them is missing from every total it shows you."));
+        compare(view.card.Accessible.name, "Zolva cannot see everything yet. macOS is withholding some locations.");
     }
 
     function test_theStepsAreNumbered() {
@@ -144,6 +145,25 @@ ScreenCase {
         compare(fixture.model.screen, "home");
         press(Qt.Key_Escape);
         tryVerify(() => focusedName() === "Scan");
+    }
+
+    function test_afterTheIntroTheNoticeStandsUntilNothingIsBlocked() {
+        fixture.categories(1, 1);
+        showWindow("home");
+        fixture.setBlocked(["Mail"]);
+        fixture.showIntro();
+        tryVerify(() => focusedName() === "Continue without full access");
+        click(spoken("Continue without full access"));
+        tryVerify(() => !fixture.model.access.introShown);
+        verify(written("Mail not searched"));
+        verify(spoken("Mail could not be searched. macOS is blocking access, so anything there is missing from these totals."));
+        fixture.setBlocked([]);
+        settle();
+        verify(!typed("AccessNotice").visible);
+        fixture.setBlocked(["Mail", "Safari"]);
+        settle();
+        verify(written("Mail and Safari not searched"));
+        verify(!fixture.model.access.introShown);
     }
 
     function test_theNoticeNamesAllLocations() {

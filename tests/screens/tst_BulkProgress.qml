@@ -95,7 +95,7 @@ ScreenCase {
         const stop = spoken("Stop removing");
         compare(stop.title, "Stop");
         compare(stop.Accessible.description, "Items already removed are not restored");
-        compare(stop.font.weight, Font.DemiBold);
+        compare(stop.font, Face.text(12.5, Font.DemiBold));
         click(stop);
         compare(stops.count, 1);
         stop.forceActiveFocus(Qt.TabFocusReason);

@@ -110,6 +110,18 @@ ScreenCase {
         verify(!typed("RowsCard").visible);
     }
 
+    function test_thePageOpensAtItsTopHoweverManyRowsItHas() {
+        showWindow("home");
+        for (let count = 1; count <= 14; ++count) {
+            fixture.categories(count, 1);
+            fixture.model.go("clean");
+            settle();
+            compare(typed("CollapsingPage").offset, 0, count + " rows");
+            fixture.model.go("home");
+            settle();
+        }
+    }
+
     function test_withACategoryThatCardIsGone() {
         fixture.categories(1, 1);
         open();

@@ -3,36 +3,23 @@ import QtTest
 import Zolva.Frame
 import Zolva.Kit
 
-TestCase {
+FindingCase {
     id: test
 
     function page(properties) {
         return createTemporaryObject(pages, test, properties);
     }
     function spokenIn(item, wanted) {
-        let found = item.visible && !item.Accessible.ignored && wanted(item) ? [item] : [];
-        for (let i = 0; i < item.children.length; ++i)
-            found = found.concat(spokenIn(item.children[i], wanted));
-        return found;
+        return all(item, each => each.visible && !each.Accessible.ignored && wanted(each));
     }
     function scrollTo(made, offset) {
         made.listView.contentY = made.listView.originY + offset;
     }
     function headerOf(made) {
-        return findByTitle(made, "PageHeader");
+        return typed("PageHeader", made);
     }
     function barOf(made) {
-        return findByTitle(made, "CompactBar");
-    }
-    function findByTitle(item, type) {
-        if (item.toString().startsWith(type))
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = findByTitle(item.children[i], type);
-            if (found)
-                return found;
-        }
-        return null;
+        return typed("CompactBar", made);
     }
     function test_aPageWithoutASubtitleCollapsesOverFortyPoints() {
         const made = page({});
@@ -88,7 +75,7 @@ TestCase {
         const title = spokenIn(bar, item => item.Accessible.role === Accessible.Heading)[0];
         compare([title.text, title.size, title.weight], ["Clean", 15, Font.DemiBold]);
         compare(title.mapToItem(bar, 0, 0).x, 40);
-        const rescan = findByTitle(bar, "RescanButton");
+        const rescan = typed("RescanButton", bar);
         compare(rescan.mapToItem(bar, rescan.width, 0).x, 700 - 40);
         compare(rescan.x - title.x - title.width, 10);
     }
@@ -128,6 +115,37 @@ TestCase {
         waitForRendering(made);
         compare(made.offset, 0);
     }
+    function test_aPageOpensAtItsTopHoweverManyRowsItHas() {
+        for (let rows = 0; rows <= 16; ++rows) {
+            const made = page({
+                "header": growing,
+                "model": rows,
+                "subtitle": "Rebuilt when needed",
+                "trailing": growing
+            });
+            waitForRendering(made, 50);
+            compare(made.offset, 0, rows + " rows");
+            compare(barOf(made).progress, 0, rows + " rows");
+            made.destroy();
+        }
+    }
+    function test_thePageStaysAtItsTopWhileItIsResizedHoweverManyRowsItHas() {
+        for (let rows = 0; rows <= 16; ++rows) {
+            const made = page({
+                "header": growing,
+                "model": rows,
+                "subtitle": "Rebuilt when needed, ".repeat(6)
+            });
+            waitForRendering(made, 50);
+            for (const [width, height] of [[300, 500], [700, 300], [120, 500], [700, 500]]) {
+                made.width = width;
+                made.height = height;
+                waitForRendering(made, 50);
+                compare(made.offset, 0, rows + " rows, " + width + " by " + height);
+            }
+            made.destroy();
+        }
+    }
     function test_ofTenThousandRowsOnlyThoseInSightAreMade() {
         const made = page({
             "model": 10000
@@ -143,7 +161,7 @@ TestCase {
             "target": made,
             "signalName": "rescan"
         });
-        const button = findByTitle(headerOf(made), "RescanButton");
+        const button = typed("RescanButton", headerOf(made));
         mouseClick(button);
         compare(spy.count, 1);
     }
@@ -156,12 +174,12 @@ TestCase {
             "signalName": "rescan"
         });
         scrollTo(made, 200);
-        mouseClick(findByTitle(barOf(made), "RescanButton"));
+        mouseClick(typed("RescanButton", barOf(made)));
         compare(spy.count, 1);
     }
     function test_aPageThatCannotRescanShowsNoButton() {
         const made = page({});
-        compare(findByTitle(headerOf(made), "RescanButton").visible, false);
+        compare(typed("RescanButton", headerOf(made)).visible, false);
     }
     function test_aRowUnderTheBarIsNotPressedThroughIt() {
         const made = page({});

@@ -147,9 +147,24 @@ ScreenCase {
         fixture.setInstallers([{name: "a", p: path, b: 1}, {name: "b", p: path.slice(0, 58), b: 1}]);
         fixture.pickAll("installer");
         open("installer");
-        const shown = lines().map(line => line.slice(0, line.indexOf(",")));
-        verify(shown.includes(path.slice(0, 24) + "…" + path.slice(-31)));
-        verify(shown.includes(path.slice(0, 58)));
+        verify(written(path.slice(0, 24) + "…" + path.slice(-31)));
+        verify(written(path.slice(0, 58)));
+        verify(!written(path));
+    }
+
+    function test_aShortenedPathIsToldWhole() {
+        const path = "~/Downloads/" + "long".repeat(20) + ".dmg";
+        fixture.setInstallers([{name: "a", p: path, b: 1000000}, {name: "b", p: "~/b.dmg", b: 1}]);
+        fixture.pickAll("installer");
+        open("installer");
+        compare(lines()[0], path + ", 1.0 MB");
+        const tips = allTyped("ConfirmLine").map(line => Array.from(line.data).find(each => each instanceof HintTip));
+        mouseMove(allTyped("ConfirmLine")[0], 30, 10);
+        tryVerify(() => tips[0].opened);
+        compare(tips[0].text, path);
+        mouseMove(allTyped("ConfirmLine")[1], 30, 10);
+        tryVerify(() => !tips[0].visible);
+        verify(!tips[1].visible);
     }
 
     function test_theListIsAtMostOneHundredAndThirtyTwoHighAndScrolls() {
@@ -170,6 +185,29 @@ ScreenCase {
         compare(list.contentY, list.contentHeight - list.height);
         for (let i = 0; i < 30; ++i)
             keyClick(Qt.Key_Up);
+        compare(list.contentY, 0);
+    }
+
+    function test_theListIsShownFromItsBeginningEachTime() {
+        fixture.installers(15);
+        fixture.pickAll("installer");
+        fixture.projects(15);
+        fixture.pickAll("purge");
+        open("installer");
+        const list = spoken("What will be removed");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Down);
+        verify(list.contentY > 0);
+        press(Qt.Key_Escape);
+        verify(!fixture.model.confirm.isOpen);
+        fixture.openSheet("installer");
+        settle();
+        compare(list.contentY, 0);
+        list.forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Down);
+        verify(list.contentY > 0);
+        fixture.openSheet("purge");
+        settle();
         compare(list.contentY, 0);
     }
 
@@ -208,6 +246,47 @@ ScreenCase {
         compare(confirm.x - endX(cancel), 10);
         compare([cancel.x, endX(confirm), cancel.width], [26, 432 - 26, confirm.width]);
         compare(card().height - endY(confirm), 20);
+    }
+
+    function test_aRowKeepsItsMeasures() {
+        fixture.installers(1);
+        fixture.pickAll("installer");
+        open("installer");
+        const line = allTyped("ConfirmLine")[0];
+        const label = written("~/Downloads/installer1.dmg", line);
+        const size = written("1.0 MB", line);
+        compare([label.size, label.mono, size.size, size.mono], [11.5, true, 11.5, false]);
+        compare([label.color, size.color].map(String), [Theme.palette.label2, Theme.palette.label2].map(String));
+        compare([place(label, line).y, line.height - endY(place(label, line))], [3.5, 3.5]);
+        compare(place(size, line).x - endX(place(label, line)), 10);
+        compare(endX(place(size, line)), line.width);
+    }
+
+    function test_theCardIsInTheColourOfASheetInBothThemes_data() {
+        return [{tag: "light"}, {tag: "dark"}];
+    }
+    function test_theCardIsInTheColourOfASheetInBothThemes(row) {
+        Theme.light = row.tag === "light";
+        open("emptytrash");
+        const ground = Array.from(card().children).find(item => item.radius === 14 && item.color !== undefined && item.strength === undefined);
+        compare(ground.color.toString(), Theme.palette.sheet.toString());
+        compare(place(ground, card()), Qt.rect(0, 0, card().width, card().height));
+    }
+
+    function test_aSheetWhoseListWasEmptiedConfirmsNothing() {
+        fixture.categories(2, 1);
+        fixture.pickAll("clean");
+        open("erase");
+        fixture.pickAll("clean", false);
+        settle();
+        verify(written("Move 0 bytes to the Trash?"));
+        verify(written("Removing 0 paths across 0 categories. They go to the Trash, so you can put them back. Your Mac rebuilds these caches on its own. Anything already in your Trash is left alone."));
+        verify(!typed("ConfirmRows").visible);
+        const before = fixture.calls.length;
+        click(confirmButton());
+        verify(!fixture.model.confirm.isOpen);
+        verify(!fixture.model.bulk.present);
+        compare(fixture.calls.length, before);
     }
 
     function test_withoutRowsTheButtonsFollowTheBody() {

@@ -1,10 +1,13 @@
 import QtQuick
 import QtTest
 import Zolva.Kit
+import Zolva.Root
 import Zolva.Screens.Home
 
 ScreenCase {
     id: tests
+
+    readonly property var longList: ["Downloads", "Desktop", "Documents", "iCloud Drive", "Trash", "Mail", "Messages", "Safari", "Calendars"]
 
     name: "Home"
 
@@ -12,6 +15,14 @@ ScreenCase {
         id: screens
 
         HomeScreen {
+        }
+    }
+
+    Component {
+        id: roots
+
+        ZolvaRootView {
+            focus: true
         }
     }
 
@@ -270,6 +281,30 @@ ScreenCase {
         compare(place(notice).y - endY(place(spoken("Review Clean"))), 30);
         compare(place(card("Clean")).y - endY(place(notice)), 26);
         compare(notice.width, tests.width - 80);
+    }
+
+    function test_aLongNoticeIsReadWholeAtEveryWidth() {
+        fixture.setBlocked(longList);
+        openScanned();
+        for (let width = tests.width; width >= 980 - 264; width -= 36) {
+            view.width = width;
+            settle();
+            const notice = typed("AccessNotice");
+            const title = written(fixture.model.access.noticeTitle);
+            verify(!title.truncated);
+            verify(endY(place(title)) < endY(place(notice)), width);
+            compare(place(card("Clean")).y - endY(place(notice)), 26, width);
+        }
+    }
+
+    function test_aLongNoticeIsReadWholeThoughItComesWithThePage() {
+        view = roots.createObject(tests, {height: 660, model: fixture.model, width: 980});
+        fixture.categories(1, 1);
+        fixture.setBlocked(longList);
+        settle();
+        const title = written(fixture.model.access.noticeTitle);
+        verify(title.lineCount > 1);
+        verify(endY(place(title)) < endY(place(typed("AccessNotice"))));
     }
 
     function test_thereIsNoNoticeWhereNothingIsBlocked() {

@@ -3,29 +3,9 @@ import QtTest
 import Zolva.Frame
 import Zolva.Kit
 
-TestCase {
+FindingCase {
     id: test
 
-    function find(item, type) {
-        if (item.toString().startsWith(type))
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = find(item.children[i], type);
-            if (found)
-                return found;
-        }
-        return null;
-    }
-    function textOf(item, text) {
-        if (item.text === text && item.visible)
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = textOf(item.children[i], text);
-            if (found)
-                return found;
-        }
-        return null;
-    }
     function spyOn(target, signalName) {
         return createTemporaryObject(spies, test, {
             "target": target,
@@ -34,11 +14,11 @@ TestCase {
     }
     function test_theTitleIsTwentyEightBoldAndTheSubtitleThirteenAndAHalf() {
         const made = createTemporaryObject(headers, test);
-        const title = textOf(made, "Clean");
+        const title = written("Clean", made);
         compare(title.size, 28);
         compare(title.weight, Font.Bold);
         compare(title.tracking, -0.6);
-        const subtitle = textOf(made, "Rebuilt when needed");
+        const subtitle = written("Rebuilt when needed", made);
         compare(subtitle.size, 13.5);
         compare(subtitle.color.toString(), Theme.palette.label2.toString());
     }
@@ -58,7 +38,7 @@ TestCase {
     function test_aWelcomeThatDoesNotScanOffersToScan() {
         const made = createTemporaryObject(welcomes, test);
         const spy = spyOn(made, "scan");
-        const button = find(made, "PillButton");
+        const button = typed("PillButton", made);
         verify(button.visible);
         compare(button.title, "Scan");
         compare(button.role, PillButton.Accent);
@@ -66,20 +46,20 @@ TestCase {
         compare(button.font.weight, Font.DemiBold);
         mouseClick(button);
         compare(spy.count, 1);
-        compare(textOf(made, "Scanning…"), null);
+        compare(written("Scanning…", made), null);
     }
     function test_aWelcomeThatScansSaysSoAndOffersNothing() {
         const made = createTemporaryObject(welcomes, test, {
             "scanning": true
         });
-        compare(find(made, "PillButton").visible, false);
-        compare(textOf(made, "Scanning…").size, 13.5);
-        verify(find(made, "Spinner").visible);
+        compare(typed("PillButton", made).visible, false);
+        compare(written("Scanning…", made).size, 13.5);
+        verify(typed("Spinner", made).visible);
     }
     function test_theMessageOfAWelcomeIsAtMostFourHundredWide() {
         const made = createTemporaryObject(welcomes, test);
         waitForRendering(made);
-        verify(textOf(made, made.message).width <= 400);
+        verify(written(made.message, made).width <= 400);
     }
     function test_theHeaderMenuIsThirtyHighAndTellsWhichEntryWasChosen() {
         const made = createTemporaryObject(menus, test);
@@ -118,13 +98,13 @@ TestCase {
             "trailing": menus
         });
         waitForRendering(made, 50);
-        const title = textOf(made, "Clean");
-        const subtitle = textOf(made, "Rebuilt when needed");
+        const title = written("Clean", made);
+        const subtitle = written("Rebuilt when needed", made);
         const at = item => item.mapToItem(made, 0, 0);
         compare([at(title).x, at(title).y], [40, 40]);
         compare(at(subtitle).y - at(title).y - title.height, 2);
-        const rescan = find(made, "RescanButton");
-        const menu = find(made, "HeaderMenu");
+        const rescan = typed("RescanButton", made);
+        const menu = typed("HeaderMenu", made);
         compare(at(menu.parent).x - at(rescan).x - rescan.width, 10);
         compare(at(menu.parent).x + menu.parent.width, 700 - 40);
     }
@@ -145,7 +125,7 @@ TestCase {
     function test_theHeaderMenuKeepsItsMeasures() {
         const made = createTemporaryObject(menus, test);
         waitForRendering(made, 50);
-        const words = textOf(made, "Size");
+        const words = written("Size", made);
         compare([words.size, words.weight], [12.5, Font.Medium]);
         const symbol = words.parent.children[0];
         compare([symbol.size, symbol.weight], [11, Font.DemiBold]);
@@ -156,15 +136,15 @@ TestCase {
     function test_theWelcomeKeepsItsMeasures() {
         const made = createTemporaryObject(welcomes, test);
         waitForRendering(made, 50);
-        const title = textOf(made, "Scan for cleanable files");
+        const title = written("Scan for cleanable files", made);
         compare([title.size, title.weight], [19, Font.DemiBold]);
-        const message = textOf(made, made.message);
+        const message = written(made.message, made);
         compare(message.size, 13.5);
         compare(message.color.toString(), Theme.palette.label2.toString());
         const symbol = title.parent.children[0];
         compare([symbol.name, symbol.size], ["wand.and.sparkles", 44]);
         compare(symbol.color.toString(), Theme.palette.accent.toString());
-        compare(find(made, "PillButton").font.pixelSize, 15);
+        compare(typed("PillButton", made).font.pixelSize, 15);
     }
     function test_aSecondClickClosesTheHeaderMenu() {
         const made = createTemporaryObject(menus, test);

@@ -7,7 +7,7 @@ import Zolva.Root
 import Zolva.Sheets
 import Zolva.Test
 
-TestCase {
+FindingCase {
     id: test
 
     property Fixture fixture
@@ -27,25 +27,15 @@ TestCase {
         window.destroy();
         wait(0);
     }
-    function find(item, test) {
-        if (test(item))
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = find(item.children[i], test);
-            if (found)
-                return found;
-        }
-        return null;
-    }
     function ofType(type) {
-        return find(window.contentItem, item => item.toString().startsWith(type));
+        return typed(type, window.contentItem);
     }
     function button(name) {
-        return find(window.contentItem, item => item.spokenName === name && item.visible && item.enabled);
+        return walk(window.contentItem, item => item.spokenName === name && item.visible && item.enabled);
     }
     /// What the column shows.
     function page() {
-        return find(window.contentItem, item => /^[A-Za-z]+Screen(_QMLTYPE|\()/.test(item.toString()) && item.visible);
+        return walk(window.contentItem, item => /^[A-Za-z]+Screen(_QMLTYPE|\()/.test(item.toString()) && item.visible);
     }
     function depth(item) {
         let at = item;
@@ -145,7 +135,7 @@ TestCase {
         const order = ["Sidebar", "ConfirmSheet", "AccessIntro", "QuitAlert", "ToastStack"].map(type => depth(ofType(type)));
         for (let i = 1; i < order.length; ++i)
             verify(order[i] > order[i - 1]);
-        const grain = find(window.contentItem, item => item instanceof NoiseOverlay);
+        const grain = walk(window.contentItem, item => item instanceof NoiseOverlay);
         verify(depth(grain) > order[0] && depth(grain) < order[1]);
         compare(grain.opacity, 0.04);
         compare(grain.width, window.width);
@@ -164,11 +154,11 @@ TestCase {
         fixture.setTrash(2, 1000);
         fixture.openSheet("emptytrash");
         wait(300);
-        const row = find(window.contentItem, item => item instanceof NavRow);
+        const row = walk(window.contentItem, item => item instanceof NavRow);
         compare(row.enabled, false);
         for (let i = 0; i < 12; ++i) {
             keyClick(Qt.Key_Tab);
-            verify(find(ofType("ConfirmSheet"), item => item === window.activeFocusItem));
+            verify(walk(ofType("ConfirmSheet"), item => item === window.activeFocusItem));
         }
     }
     function test_afterTheSheetTheFocusIsBackWhereItWas() {
@@ -228,7 +218,7 @@ TestCase {
         verify(fixture.calls.includes("toast: Undo"));
     }
     function test_theColumnsBackdropFollowsTheScreen() {
-        const backdrop = find(window.contentItem, item => item instanceof PageBackdrop);
+        const backdrop = walk(window.contentItem, item => item instanceof PageBackdrop);
         fixture.model.go("settings");
         compare(backdrop.symbol, "gearshape.fill");
         fixture.model.go("elsewhere");

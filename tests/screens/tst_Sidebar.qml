@@ -5,7 +5,7 @@ import Zolva.Frame
 import Zolva.Kit
 import Zolva.Test
 
-TestCase {
+FindingCase {
     id: test
 
     property Fixture fixture
@@ -16,34 +16,16 @@ TestCase {
         sidebar = createTemporaryObject(sidebars, test, {
             "model": fixture.model
         });
+        view = sidebar;
         waitForRendering(sidebar);
     }
     function cleanup() {
+        view = null;
         sidebar.destroy();
         wait(0);
     }
     function entry(place: int): SidebarEntry {
         return sidebar.listView.itemAtIndex(place) as SidebarEntry;
-    }
-    function textOf(item, text) {
-        if (item.text === text && item.visible)
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = textOf(item.children[i], text);
-            if (found)
-                return found;
-        }
-        return null;
-    }
-    function spoken(item, name) {
-        if (item.spokenName === name && item.visible)
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = spoken(item.children[i], name);
-            if (found)
-                return found;
-        }
-        return null;
     }
     function activeRows() {
         let active = [];
@@ -60,7 +42,7 @@ TestCase {
         for (let i = 0; i < 8; ++i) {
             compare(entry(i).itemId, ids[i]);
             compare(entry(i).row.spokenName, labels[i]);
-            verify(textOf(entry(i).row, labels[i]));
+            verify(written(labels[i], entry(i).row));
         }
     }
     function test_theHeadsStandInUpperCaseAboveTheFirstOfEachGroup() {
@@ -68,7 +50,7 @@ TestCase {
         for (let i = 0; i < 8; ++i) {
             compare(entry(i).head, heads[i]);
             if (heads[i] !== "") {
-                const head = textOf(entry(i), heads[i]);
+                const head = written(heads[i], entry(i));
                 compare(head.size, 11.5);
                 compare(head.weight, Font.DemiBold);
                 compare(head.tracking, 0.6);
@@ -82,12 +64,35 @@ TestCase {
         compare(sidebar.listView.y, 54);
         compare(entry(0).row.height, 46);
     }
+    function test_theRowsStandOneBelowTheOtherWhicheverIsActiveFromTheBeginning_data() {
+        return ["home", "clean", "uninstall", "settings"].map(id => ({
+                    "tag": id
+                }));
+    }
+    function test_theRowsStandOneBelowTheOtherWhicheverIsActiveFromTheBeginning(data) {
+        // Active before its row was made: a list without a height makes only the first one.
+        const made = createTemporaryObject(sidebars, test, {
+            "height": 0,
+            "model": fixture.model
+        });
+        made.height = 660;
+        fixture.model.go(data.tag);
+        tryVerify(() => made.listView.itemAtIndex(7) !== null);
+        made.height = 812;
+        waitForRendering(made, 50);
+        for (let i = 0, y = 0; i < 8; ++i) {
+            const each = made.listView.itemAtIndex(i);
+            compare(each.y, y);
+            y += each.height;
+        }
+        made.destroy();
+    }
     function test_onlyTheRowOfTheScreenIsActive() {
         compare(activeRows(), ["home"]);
         fixture.model.go("analyze");
         compare(activeRows(), ["analyze"]);
-        compare(textOf(entry(5).row, "Analyze").weight, Font.DemiBold);
-        compare(textOf(entry(0).row, "Home").weight, Font.Normal);
+        compare(written("Analyze", entry(5).row).weight, Font.DemiBold);
+        compare(written("Home", entry(0).row).weight, Font.Normal);
     }
     function test_anUnknownScreenLeavesNoRowActive() {
         fixture.model.go("elsewhere");
@@ -121,7 +126,7 @@ TestCase {
         fixture.model.go("status");
         entry(6).row.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Tab);
-        const button = spoken(sidebar, "Empty Trash");
+        const button = spoken("Empty Trash");
         verify(button.activeFocus);
         keyClick(Qt.Key_Backtab);
         verify(entry(6).row.activeFocus);
@@ -129,14 +134,14 @@ TestCase {
     function test_noChipIsShownBeforeAnythingWasScanned() {
         for (let i = 0; i < 8; ++i)
             compare(entry(i).row.chip, "");
-        compare(textOf(sidebar, "95.59 GB"), null);
+        compare(written("95.59 GB", sidebar), null);
     }
     function test_aCleanChipOfZeroBytesIsShownAsTheSizeTextOfZero() {
         fixture.setCategories([]);
         fixture.beginCleanScan();
         fixture.finishCleanScan();
         compare(entry(1).row.chip, "0 bytes");
-        verify(textOf(entry(1).row, "0 bytes"));
+        verify(written("0 bytes", entry(1).row));
         compare(entry(1).row.spokenValue, "0 bytes");
     }
     function test_anInstallerChipOfZeroBytesIsHidden() {
@@ -156,25 +161,25 @@ TestCase {
         fixture.beginInstallerScan();
         fixture.finishInstallerScan();
         verify(entry(3).row.chip !== "");
-        verify(textOf(entry(3).row, entry(3).row.chip));
+        verify(written(entry(3).row.chip, entry(3).row));
     }
     function test_withoutAnythingInTheTrashThereIsNoRowToEmptyItWhateverItsBytes() {
         fixture.setTrash(0, 5e9);
-        compare(spoken(sidebar, "Empty Trash"), null);
+        compare(spoken("Empty Trash"), null);
     }
     function test_theTrashIsOfferedWithItsSizeAndAsksFirst() {
         fixture.setTrash(1, 5e9);
-        const button = spoken(sidebar, "Empty Trash");
+        const button = spoken("Empty Trash");
         tryCompare(button, "height", 34);
         compare(button.spokenValue, "5.00 GB");
-        verify(textOf(button, "5.00 GB"));
+        verify(written("5.00 GB", button));
         mouseClick(button);
         compare(fixture.model.confirm.isOpen, true);
         compare(fixture.model.confirm.title, "Empty the Trash?");
     }
     function test_aClickAfterTheTrashWasEmptiedAsksNothing() {
         fixture.setTrash(1, 5e9);
-        const button = spoken(sidebar, "Empty Trash");
+        const button = spoken("Empty Trash");
         fixture.setTrash(0, 0);
         button.clicked();
         compare(fixture.model.confirm.isOpen, false);
@@ -183,41 +188,31 @@ TestCase {
         const said = fixture.model.sidebar.versionLine + "\n" + fixture.model.sidebar.toolLine;
         verify(fixture.model.sidebar.versionLine.startsWith("Zolva "));
         verify(fixture.model.sidebar.toolLine.startsWith("mo "));
-        const label = textOf(sidebar, said);
+        const label = written(said, sidebar);
         verify(label);
         compare(label.lineCount, 2);
         compare(label.size, 12);
         compare(label.truncated, false);
     }
-    function symbolOf(item) {
-        if (item instanceof Symbol)
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = symbolOf(item.children[i]);
-            if (found)
-                return found;
-        }
-        return null;
-    }
     function test_aRowKeepsItsMeasures() {
         fixture.setCategories([]);
         const row = entry(1).row;
         waitForRendering(sidebar, 50);
-        const symbol = symbolOf(row);
+        const symbol = walk(row, item => item instanceof Symbol);
         compare([symbol.size, symbol.weight, symbol.width, symbol.height], [16, Font.Medium, 24, 24]);
         compare(symbol.mapToItem(row, 0, 0).x, 12);
-        const label = textOf(row, "Clean");
+        const label = written("Clean", row);
         compare(label.size, 14);
         compare(label.mapToItem(row, 0, 0).x, 12 + 24 + 12);
-        const chip = textOf(row, "0 bytes");
+        const chip = written("0 bytes", row);
         compare(chip.size, 12);
         compare(chip.mapToItem(row, chip.width, 0).x, row.width - 12);
     }
     function test_theColoursOfARowTellWhetherItIsTheScreens() {
         fixture.setCategories([]);
         const row = entry(1).row;
-        const chip = textOf(row, "0 bytes");
-        const colours = () => [symbolOf(row).color, textOf(row, "Clean").color, chip.color].map(String);
+        const chip = written("0 bytes", row);
+        const colours = () => [walk(row, item => item instanceof Symbol).color, written("Clean", row).color, chip.color].map(String);
         const palette = Theme.palette;
         compare(colours(), [palette.label2, palette.label, palette.label3].map(String));
         compare(chip.opacity, 1);
@@ -226,7 +221,7 @@ TestCase {
         fuzzyCompare(chip.opacity, 0.85, 0.001);
     }
     function test_aHeadKeepsItsMeasures() {
-        const head = textOf(entry(0), "RECLAIM");
+        const head = written("RECLAIM", entry(0));
         compare([head.topPadding, head.bottomPadding, head.leftPadding], [18, 8, 16]);
         compare(head.color.toString(), Theme.palette.label3.toString());
     }

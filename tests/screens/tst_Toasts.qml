@@ -5,7 +5,7 @@ import Zolva.Frame
 import Zolva.Kit
 import Zolva.Test
 
-TestCase {
+FindingCase {
     id: test
 
     property Fixture fixture
@@ -41,16 +41,6 @@ TestCase {
     }
     function trailingEdge(view) {
         return view.mapToItem(stack, view.width, 0).x;
-    }
-    function spoken(item, name) {
-        if (item.spokenName === name && item.visible)
-            return item;
-        for (let i = 0; i < item.children.length; ++i) {
-            const found = spoken(item.children[i], name);
-            if (found)
-                return found;
-        }
-        return null;
     }
     function symbolOf(view) {
         let found = null;
@@ -118,7 +108,7 @@ TestCase {
         const text = symbolOf(view).parent.children[1];
         compare([text.text, text.size, text.weight], ["Something", 13, Font.Medium]);
         compare(symbolOf(view).weight, Font.DemiBold);
-        const cross = symbolOf(spoken(view, "Dismiss notification"));
+        const cross = symbolOf(spoken("Dismiss notification", view));
         compare([cross.name, cross.size, cross.weight], ["xmark", 10, Font.Bold]);
         const card = view.children[1];
         compare([card.color.toString(), card.border.color.toString()], [Theme.palette.sheet.toString(), Theme.palette.sep
@@ -134,6 +124,17 @@ TestCase {
         compare(all[0].width, 340);
         compare(all[1].width, 460);
         verify(all[1].height > all[0].height);
+    }
+    function test_aToastOfAVeryLongTextStaysSmallAndIsSpokenWhole() {
+        const text = "Skipped ~/" + "folder/".repeat(500);
+        fixture.addToast("warning", text);
+        settle();
+        const view = shown(1)[0];
+        compare(view.width, 460);
+        verify(view.height < 160, view.height);
+        const words = symbolOf(view).parent.children[1];
+        compare([words.lineCount, words.truncated], [6, true]);
+        compare(view.Accessible.name, text);
     }
     function test_aToastComesFromTheTrailingEdgeAndStaysReadableWhenItHasCome() {
         fixture.addToast("info", "Here");
@@ -188,7 +189,7 @@ TestCase {
         fixture.addToast("info", "Stays");
         fixture.addToast("info", "Goes");
         settle();
-        const cross = spoken(views(stack)[1], "Dismiss notification");
+        const cross = spoken("Dismiss notification", views(stack)[1]);
         compare(cross.width, 20);
         compare(cross.height, 20);
         mouseClick(cross);
@@ -199,22 +200,22 @@ TestCase {
     function test_theActionIsAButtonThatRunsItAndTheToastStays() {
         fixture.addToast("success", "Moved 3 MB to the Trash", "Undo");
         settle();
-        mouseClick(spoken(views(stack)[0], "Undo"));
+        mouseClick(spoken("Undo", views(stack)[0]));
         verify(fixture.calls.includes("toast: Undo"));
         compare(stack.count, 1);
     }
     function test_aToastWithoutAnActionHasNoButtonForOne() {
         fixture.addToast("info", "Just so");
-        compare(spoken(shown(1)[0], ""), null);
+        compare(allTyped("LinkButton", shown(1)[0]).length, 0);
     }
     function test_theTabKeyReachesActionAndCrossAndEscTakesTheToastAway() {
         fixture.addToast("success", "Moved 3 MB to the Trash", "Undo");
         settle();
         const view = views(stack)[0];
-        const action = spoken(view, "Undo");
+        const action = spoken("Undo", view);
         action.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Tab);
-        verify(spoken(view, "Dismiss notification").activeFocus);
+        verify(spoken("Dismiss notification", view).activeFocus);
         keyClick(Qt.Key_Escape);
         compare(stack.count, 0);
     }

@@ -1,5 +1,6 @@
 #include "support/SecondVolume.h"
 
+#include "support/InChild.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -11,10 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
-#include <exception>
 
 namespace zolva::test {
 
@@ -53,28 +51,6 @@ void inSharedMemory(
     }
 }
 
-[[noreturn]] void runAndLeave(const std::function<void()>& body, int report)
-{
-    int code = 0;
-    try {
-        body();
-    } catch (const std::exception& error) {
-        dprintf(report, "thrown: %s\n", error.what());
-        code = 1;
-    }
-    const auto* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
-    for (int i = 0; i < result->total_part_count(); ++i) {
-        const auto& part = result->GetTestPartResult(i);
-        if (part.failed()) {
-            dprintf(report, "%s:%d: %s\n", part.file_name() ? part.file_name() : "",
-                    part.line_number(), part.message());
-            code = 1;
-        }
-    }
-    ::close(report);
-    ::_exit(code);
-}
-
 } // namespace
 
 bool takeOwnMounts()
@@ -90,29 +66,6 @@ bool takeOwnMounts()
         }
     }
     return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-}
-
-void inChild(const std::function<void()>& body)
-{
-    std::array<int, 2> ends{};
-    ASSERT_EQ(::pipe(ends.data()), 0);
-    std::fflush(nullptr);
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        ::close(ends[0]);
-        runAndLeave(body, ends[1]);
-    }
-    ::close(ends[1]);
-    std::string told;
-    std::array<char, 4096> buffer{};
-    for (ssize_t got = 0; (got = ::read(ends[0], buffer.data(), buffer.size())) > 0;) {
-        told.append(buffer.data(), static_cast<std::size_t>(got));
-    }
-    ::close(ends[0]);
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << told;
 }
 
 void withSecondVolume(

@@ -20,7 +20,4 @@ void withSecondVolume(
 /// From here on this process sees mounts of its own, if the system lets it; before any thread.
 [[nodiscard]] bool takeOwnMounts();
 
-/// Runs `body` in a child process and takes over the failures of its expectations.
-void inChild(const std::function<void()>& body);
-
 } // namespace zolva::test

@@ -81,6 +81,13 @@ void DesktopDoors::openAccessSettings()
     }
 }
 
+void DesktopDoors::openPage(const std::string& url)
+{
+    if (!openUri(QString::fromStdString(url), "x-scheme-handler/https")) {
+        m_places.tell(cannotOpenPage(url));
+    }
+}
+
 void DesktopDoors::reveal(const std::string& path)
 {
     unawaited([](QPointer<DesktopDoors> self, std::string asked) -> QCoro::Task<> {
@@ -98,6 +105,14 @@ void DesktopDoors::showItem(const std::string& asked, const RevealedPlace& place
             m_places.tell(cannotOpen(placewords::reveal, asked));
         }
     });
+}
+
+void DesktopDoors::openToolLicense()
+{
+    const std::string& path = m_places.toolLicense;
+    if (!path.empty() && !openUri(uriOf(path), "text/plain")) {
+        m_places.tell(cannotOpen(placewords::toolLicense, path));
+    }
 }
 
 void DesktopDoors::show(const QString& method, const QString& uri, const Otherwise& otherwise)
@@ -140,7 +155,9 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [doors] { doors->openAccessSettings(); },
             .logFolder = [doors] { doors->openLogFolder(); },
             .trash = [doors] { doors->openTrash(); },
-            .reveal = [doors](const std::string& path) { doors->reveal(path); }};
+            .page = [doors](const std::string& url) { doors->openPage(url); },
+            .reveal = [doors](const std::string& path) { doors->reveal(path); },
+            .toolLicense = [doors] { doors->openToolLicense(); }};
 }
 
 } // namespace zolva

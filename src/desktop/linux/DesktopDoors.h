@@ -22,8 +22,10 @@ public:
     void openTrash();
     void openLogFolder();
     void openAccessSettings();
+    void openPage(const std::string& url);
     /// Looks for the item off the main thread.
     void reveal(const std::string& path);
+    void openToolLicense();
 
 private:
     using Otherwise = std::function<void()>;

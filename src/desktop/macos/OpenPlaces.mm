@@ -42,6 +42,14 @@ void openAccessSettings(const Places& places)
     }
 }
 
+void openPage(const Places& places, const std::string& address)
+{
+    NSURL* url = [NSURL URLWithString:@(address.c_str())];
+    if (!url || ![NSWorkspace.sharedWorkspace openURL:url]) {
+        places.tell(cannotOpenPage(address));
+    }
+}
+
 QCoro::Task<> reveal(std::string path)
 {
     const RevealedPlace place = co_await background(revealedPlace, path);
@@ -51,6 +59,17 @@ QCoro::Task<> reveal(std::string path)
     [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ item ]];
 }
 
+void openToolLicense(const Places& places)
+{
+    if (places.toolLicense.empty()) {
+        return;
+    }
+    NSURL* file = [NSURL fileURLWithPath:textOf(places.toolLicense) isDirectory:NO];
+    if (![NSWorkspace.sharedWorkspace openURL:file]) {
+        places.tell(cannotOpen(placewords::toolLicense, places.toolLicense));
+    }
+}
+
 } // namespace
 
 AppDoors systemDoors(Places places)
@@ -58,7 +77,9 @@ AppDoors systemDoors(Places places)
     return {.accessSettings = [places] { openAccessSettings(places); },
             .logFolder = [places] { openLogFolder(places); },
             .trash = [places] { openTrash(places); },
-            .reveal = [](const std::string& path) { unawaited(reveal(path)); }};
+            .page = [places](const std::string& url) { openPage(places, url); },
+            .reveal = [](const std::string& path) { unawaited(reveal(path)); },
+            .toolLicense = [places] { openToolLicense(places); }};
 }
 
 } // namespace zolva

@@ -5,6 +5,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+extern "C" { // older C libraries forgot it
+#include <sys/pidfd.h>
+}
+
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -130,9 +134,10 @@ std::vector<RunningApp> runningApps(const std::string& bundleID,
                    : known.emplace(bundle, identifierOf(bundle) == bundleID).first->second;
     };
     for (const int pid : otherProcesses()) {
-        if (anyBundleAround(executableOf(pid), matches)) {
-            const auto stat = processStat(pid);
-            const RunningApp app{pid, stat ? stat->started : 0};
+        // The start is read first: it then belongs to whoever still has the id afterwards.
+        const auto stat = processStat(pid);
+        if (stat && anyBundleAround(executableOf(pid), matches)) {
+            const RunningApp app{pid, stat->started};
             if (!hasTerminated(app)) {
                 running.push_back(app);
             }
@@ -143,10 +148,16 @@ std::vector<RunningApp> runningApps(const std::string& bundleID,
 
 void askToTerminate(const RunningApp& app)
 {
-    // The id may belong to another process by now.
-    if (!hasTerminated(app)) {
-        ::kill(app.pid, SIGTERM);
+    // The id may belong to another process by now; a descriptor stays with the one it was opened
+    // on, so what is looked at is what is asked.
+    const int process = ::pidfd_open(app.pid, 0);
+    if (process < 0) {
+        return;
     }
+    if (!hasTerminated(app)) {
+        ::pidfd_send_signal(process, SIGTERM, nullptr, 0);
+    }
+    ::close(process);
 }
 
 bool hasTerminated(const RunningApp& app)

@@ -76,8 +76,15 @@ FocusScope {
         ListView {
             id: list
 
-            // The page stays at its top while what is above the rows grows or shrinks.
+            // The page stays at its top while what is above the rows grows or shrinks. The list may
+            // have moved by itself before it tells of that; else it was moved.
             property real lastOrigin: 0
+            property real lastY: 0
+            property real lastHead: 0
+
+            function headHeight(): real {
+                return headerItem ? headerItem.height : 0;
+            }
 
             boundsBehavior: Flickable.StopAtBounds
             cacheBuffer: 400
@@ -131,9 +138,15 @@ FocusScope {
                 topPadding: bar.height + 3
             }
 
+            onContentYChanged: {
+                lastY = contentY;
+                lastHead = headHeight();
+            }
             onOriginYChanged: {
-                const wasAtTop = Math.abs(contentY - lastOrigin) <= 0.5;
+                const before = headHeight() === lastHead ? contentY : lastY;
+                const wasAtTop = Math.abs(before - lastOrigin) <= 0.5;
                 lastOrigin = originY;
+                lastHead = headHeight();
                 if (wasAtTop)
                     contentY = originY;
             }

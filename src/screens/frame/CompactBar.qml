@@ -23,6 +23,7 @@ Item {
 
     // The rows below it are covered: they must not be pressed through it.
     MouseArea {
+        acceptedButtons: Qt.AllButtons
         anchors.fill: parent
         enabled: bar.progress >= 0.5
         hoverEnabled: enabled

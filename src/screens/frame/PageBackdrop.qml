@@ -17,17 +17,28 @@ Item {
     readonly property real way: phase <= 1 ? phase : 2 - phase
     /// How far the second pose is reached; slow at both ends.
     readonly property real drift: way * way * (3 - 2 * way)
-    readonly property string symbol: symbols[screen] ?? "sparkles"
-    readonly property var symbols: ({
-            "home": "externaldrive.fill",
-            "clean": "wand.and.sparkles",
-            "purge": "hammer.fill",
-            "installer": "opticaldisc.fill",
-            "uninstall": "square.grid.2x2.fill",
-            "analyze": "chart.pie.fill",
-            "status": "waveform.path.ecg",
-            "settings": "gearshape.fill"
-        })
+    readonly property string symbol: {
+        switch (screen) {
+        case "home":
+            return "externaldrive.fill";
+        case "clean":
+            return "wand.and.sparkles";
+        case "purge":
+            return "hammer.fill";
+        case "installer":
+            return "opticaldisc.fill";
+        case "uninstall":
+            return "square.grid.2x2.fill";
+        case "analyze":
+            return "chart.pie.fill";
+        case "status":
+            return "waveform.path.ecg";
+        case "settings":
+            return "gearshape.fill";
+        default:
+            return "sparkles";
+        }
+    }
     /// Smooth where the graphics hardware moves it. Else in steps of few pixels, each of which
     /// draws the whole window: so blurred a shape does not show them.
     readonly property int stepTime: 500

@@ -30,7 +30,9 @@ FocusScope {
             if (by !== 0)
                 (itemAtIndex(next) as SidebarEntry).row.forceActiveFocus(Qt.TabFocusReason);
             place = next;
-            positionViewAtIndex(next, ListView.Contain);
+            // Not while that row is being made: the list would lay itself out within itself.
+            if (itemAtIndex(next))
+                positionViewAtIndex(next, ListView.Contain);
         }
 
         Accessible.name: "Screens"

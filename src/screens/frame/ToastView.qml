@@ -72,6 +72,9 @@ Item {
         Label {
             Accessible.ignored: true
             Layout.fillWidth: true
+            elide: Text.ElideRight
+            // A path can be as long as it likes; a reader hears all of it.
+            maximumLineCount: 6
             size: 13
             text: toast.text
             weight: Font.Medium

@@ -1,15 +1,48 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import Zolva.Frame
-import Zolva.Model
+import Zolva.Kit
+import Zolva.Lists
+import Zolva.Screens.Installer
 
-Item {
-    id: page
+// Disk images and packages that were left behind.
+ListScreen {
+    id: screen
 
-    required property ScreenModel model
+    readonly property alias menu: menu
 
-    PageHeader {
-        title: "Installers"
-        width: page.width
+    icon: "opticaldisc.fill"
+    list: model.installer
+    message: "Zolva finds the disk images and packages left in your Downloads and other folders after you installed from them."
+    nothing: "No installers found in your Downloads and other folders."
+    title: "Installers"
+    welcomeTitle: "Scan for installers"
+
+    row: InstallerRow {
+        id: item
+
+        installer: screen.model.installer
+        list: screen.list
+        width: ListView.view.width
+
+        onMenuWanted: at => menu.openFor(item, at)
+    }
+
+    onMenuWanted: (row, at) => menu.openFor(row as TickRow, at)
+
+    RowMenu {
+        id: menu
+
+        PopupItem {
+            symbol: "folder"
+            text: "Show in Finder"
+            onTriggered: screen.model.installer.reveal(menu.rowId)
+        }
+
+        PopupItem {
+            isDestructive: true
+            symbol: "trash"
+            text: "Remove"
+            onTriggered: screen.model.installer.removeOne(menu.rowId)
+        }
     }
 }

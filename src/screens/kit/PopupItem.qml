@@ -27,6 +27,9 @@ T.MenuItem {
     opacity: enabled ? 1 : 0.45
     rightPadding: 14
 
+    // The toolkit offers a menu's entries to a screen reader without anything to do to them.
+    Accessible.onPressAction: triggered()
+
     background: Rectangle {
         color: item.highlighted ? Theme.palette.accentTint : "transparent"
         radius: 5

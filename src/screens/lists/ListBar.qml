@@ -44,6 +44,12 @@ ActionBar {
             wrapMode: Text.Wrap
         }
 
+        Item {
+            Layout.fillWidth: true
+            visible: bar.list.note !== ""
+        }
+
+        // Where there is no note it has the leading side to itself.
         Label {
             color: Theme.palette.label2
             size: 12.5
@@ -53,6 +59,7 @@ ActionBar {
 
         Item {
             Layout.fillWidth: true
+            visible: bar.list.note === ""
         }
 
         LinkButton {

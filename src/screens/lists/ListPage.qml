@@ -55,12 +55,12 @@ FocusScope {
         }
 
         onRescan: page.list.rescan()
+    }
 
-        RowTap {
-            view: scroll.listView
+    RowTap {
+        view: scroll.listView
 
-            onMenuWanted: (row, at) => page.menuWanted(row, at)
-        }
+        onMenuWanted: (row, at) => page.menuWanted(row, at)
     }
 
     RowsCard {

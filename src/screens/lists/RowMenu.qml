@@ -13,6 +13,8 @@ PopupMenu {
     property ListRow row: null
     /// The keyboard was on the row, and goes back there.
     property bool hadFocus: false
+    /// It does not outlive the page, nor stand over what covers it.
+    readonly property bool isPossible: parent?.enabled && parent.visible
 
     function openFor(wanted: ListRow, at: point) {
         row = wanted;
@@ -23,23 +25,13 @@ PopupMenu {
         popup(there.x, there.y);
     }
 
+    onIsPossibleChanged: {
+        if (!isPossible)
+            close();
+    }
     onClosed: {
         if (row && hadFocus)
             row.takeFocus();
         row = null;
-    }
-
-    // It does not outlive the page, nor stand over what covers it.
-    Connections {
-        function onEnabledChanged() {
-            if (!menu.parent.enabled)
-                menu.close();
-        }
-        function onVisibleChanged() {
-            if (!menu.parent.visible)
-                menu.close();
-        }
-
-        target: menu.parent
     }
 }

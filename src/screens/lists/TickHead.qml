@@ -19,11 +19,13 @@ PointerButton {
     property real wordsSize: 12
     /// At the trailing side, for what stands there beside the amount.
     property real room: 18
+    property bool isSpoken: true
     /// Also by what stands on it.
     property bool isLit: hovering
 
     Accessible.checkable: tickable
     Accessible.checked: ticked
+    Accessible.ignored: !isSpoken
     enabled: tickable
     implicitHeight: 62
     ringInset: 4

@@ -78,7 +78,7 @@ void CleanModel::setAll(const Keys& keys, bool ticked)
 void CleanModel::toggleOpen(const QString& id)
 {
     AppLists& lists = model().lists();
-    std::optional<std::string> row = id.toStdString();
+    std::optional<std::string> row = ListRows::keyOf(id);
     lists.setOpenCat(lists.openCat() == row ? std::nullopt : std::move(row));
 }
 

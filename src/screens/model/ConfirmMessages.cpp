@@ -24,24 +24,29 @@ QString removalTitle(const QString& what, bool keepInTrash)
                        : QStringLiteral("Delete ") + what + QStringLiteral(" permanently?");
 }
 
+ConfirmRow rowFor(const std::string& path, const QString& size)
+{
+    return {shortenedPath(path), size, shownText(path)};
+}
+
 ConfirmRow rowOf(const CatPath& path)
 {
-    return {shortenedPath(path.p), shownSize(path.b)};
+    return rowFor(path.p, shownSize(path.b));
 }
 
 ConfirmRow rowOf(const Project& project)
 {
-    return {shortenedPath(projectKey(project)), shownSize(project.b)};
+    return rowFor(projectKey(project), shownSize(project.b));
 }
 
 ConfirmRow rowOf(const InstallerItem& item)
 {
-    return {shortenedPath(item.p), shownSize(item.b)};
+    return rowFor(item.p, shownSize(item.b));
 }
 
 ConfirmRow rowOf(const UninstallApp& app)
 {
-    return {shortenedPath(app.path), {}};
+    return rowFor(app.path, {});
 }
 
 template <typename Thing>

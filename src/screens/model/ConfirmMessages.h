@@ -21,10 +21,12 @@ class ConfirmRow
     QML_VALUE_TYPE(confirmRow)
     Q_PROPERTY(QString label MEMBER label)
     Q_PROPERTY(QString size MEMBER size)
+    Q_PROPERTY(QString fullText MEMBER fullText)
 
 public:
-    QString label; ///< a path, shortened
-    QString size;  ///< as text; empty where it has none
+    QString label;    ///< a path, shortened
+    QString size;     ///< as text; empty where it has none
+    QString fullText; ///< the whole path
 
     friend bool operator==(const ConfirmRow&, const ConfirmRow&) = default;
 };

@@ -84,6 +84,16 @@ ListRows::ListRows(AppModel& model, std::string screen, QObject* parent)
     connect(&model, &AppModel::sortChanged, this, &ListRows::reorder);
 }
 
+QString ListRows::idOf(const std::string& key)
+{
+    return QString::fromLatin1(key.data(), static_cast<qsizetype>(key.size()));
+}
+
+std::string ListRows::keyOf(const QString& id)
+{
+    return id.toLatin1().toStdString();
+}
+
 std::vector<std::string> ListRows::order() const
 {
     std::vector<std::string> keys;
@@ -163,7 +173,7 @@ QVariant ListRows::data(const QModelIndex& index, int role) const
     }
     switch (role) {
     case RowIdRole:
-        return QString::fromStdString(row.key);
+        return idOf(row.key);
     case TickedRole:
         return row.isTicked;
     case TickableRole:

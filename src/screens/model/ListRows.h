@@ -53,6 +53,10 @@ public:
         FirstOwnRole
     };
 
+    /// A key as QML holds it: every byte comes back, also of what is no text.
+    [[nodiscard]] static QString idOf(const std::string& key);
+    [[nodiscard]] static std::string keyOf(const QString& id);
+
     [[nodiscard]] std::size_t size() const { return m_rows.size(); }
     /// The keys of the rows as they are shown.
     [[nodiscard]] std::vector<std::string> order() const;

@@ -49,9 +49,9 @@ QString ListScreenModel::buttonTitle() const
     return QString::fromUtf8(m_kind.verb) + QStringLiteral(" ") + shownSize(m_selectedBytes);
 }
 
-void ListScreenModel::pick(const QString& key, bool shift)
+void ListScreenModel::pick(const QString& id, bool shift)
 {
-    const std::string row = key.toStdString();
+    const std::string row = ListRows::keyOf(id);
     if (m_rows->isTickable(row)) {
         pickRow(row, m_rows->order(), shift);
     }

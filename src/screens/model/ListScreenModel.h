@@ -60,8 +60,8 @@ public:
 
     Q_INVOKABLE virtual void scan() = 0; ///< from the welcome page
     Q_INVOKABLE virtual void rescan() = 0;
-    /// A click on a row, by its key; one that cannot be ticked stays as it is.
-    Q_INVOKABLE void pick(const QString& key, bool shift);
+    /// A click on the row of that `rowId`; one that cannot be ticked stays as it is.
+    Q_INVOKABLE void pick(const QString& id, bool shift);
     Q_INVOKABLE void toggleAll();
     Q_INVOKABLE void remove(); ///< asks first
 

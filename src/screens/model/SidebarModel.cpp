@@ -3,6 +3,7 @@
 #include "removal/runs/RunSelection.h"
 
 #include "screens/model/ShownText.h"
+#include "screens/model/ToolText.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,19 +11,6 @@
 namespace zolva {
 
 namespace {
-
-QString sourceText(MoLocation::Kind kind)
-{
-    switch (kind) {
-    case MoLocation::Kind::Shipped:
-        return QStringLiteral("Bundled");
-    case MoLocation::Kind::Installed:
-        return QStringLiteral("Homebrew");
-    case MoLocation::Kind::Absent:
-        break;
-    }
-    return QStringLiteral("Not found");
-}
 
 /// -1 for a screen that no row stands for.
 int rowOf(std::string_view id)
@@ -68,7 +56,7 @@ QString SidebarModel::toolLine() const
 {
     const LiveData& live = m_model.live();
     const QString version = live.moVersion() ? shownText(*live.moVersion()) : QStringLiteral("—");
-    return QStringLiteral("mo ") + version + QStringLiteral(" · ") + sourceText(live.moKind());
+    return QStringLiteral("mo ") + version + QStringLiteral(" · ") + toolSource(live.moKind());
 }
 
 void SidebarModel::askEmptyTrash()

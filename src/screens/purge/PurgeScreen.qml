@@ -1,15 +1,21 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import Zolva.Frame
-import Zolva.Model
+import Zolva.Lists
+import Zolva.Screens.Purge
 
-Item {
-    id: page
+// The build folders of the user's projects.
+ListScreen {
+    id: screen
 
-    required property ScreenModel model
+    icon: "hammer.fill"
+    list: model.purge
+    message: "Zolva looks through your project folders for node_modules, build output and other rebuildable artifacts."
+    nothing: "No build artifacts found in your project folders."
+    title: "Purge"
+    welcomeTitle: "Scan for build artifacts"
 
-    PageHeader {
-        title: "Purge"
-        width: page.width
+    row: PurgeRow {
+        list: screen.list
+        width: ListView.view.width
     }
 }

@@ -2,14 +2,25 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Zolva.Frame
 import Zolva.Model
+import Zolva.Screens.Settings
 
-Item {
-    id: page
+// What the user decides for all screens.
+FocusScope {
+    id: screen
 
     required property ScreenModel model
 
-    PageHeader {
+    CollapsingPage {
+        anchors.fill: parent
+        focus: true
+        subtitle: "Zolva keeps no state of its own. Everything here is passed to mo on the next run."
         title: "Settings"
-        width: page.width
+
+        header: Component {
+            SettingsBody {
+                focus: true
+                model: screen.model
+            }
+        }
     }
 }

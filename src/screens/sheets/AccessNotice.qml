@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Layouts
 import Zolva.Kit
 import Zolva.Model
 
@@ -12,55 +11,63 @@ Card {
 
     Accessible.name: access.noticeSpoken
     Accessible.role: Accessible.StaticText
-    implicitHeight: row.implicitHeight + 28
+    implicitHeight: Math.max(words.height, button.height) + 28
     visible: access.noticeShown
 
-    RowLayout {
-        id: row
+    // By hand: a layout within the page's layout does not come to rest where the words wrap.
+    Symbol {
+        id: lock
 
+        anchors.left: parent.left
+        anchors.leftMargin: 18
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 12
-        width: parent.width - 34
-        x: 18
+        color: Theme.palette.label2
+        name: "lock.fill"
+        size: 12
+    }
 
-        Symbol {
-            color: Theme.palette.label2
-            name: "lock.fill"
+    Column {
+        id: words
+
+        anchors.left: lock.right
+        anchors.leftMargin: 12
+        anchors.right: button.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 3
+
+        Label {
+            Accessible.ignored: true
+            size: 13
+            text: notice.access.noticeTitle
+            weight: Font.Medium
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+
+        Label {
+            Accessible.ignored: true
+            color: Theme.palette.label3
             size: 12
+            text: "macOS is blocking access, so anything there is missing from these totals."
+            width: parent.width
+            wrapMode: Text.Wrap
         }
+    }
 
-        ColumnLayout {
-            Layout.fillWidth: true
-            spacing: 3
+    PillButton {
+        id: button
 
-            Label {
-                Accessible.ignored: true
-                Layout.fillWidth: true
-                size: 13
-                text: notice.access.noticeTitle
-                weight: Font.Medium
-                wrapMode: Text.Wrap
-            }
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        font: Face.text(12.5, Font.Medium)
+        hpad: 14
+        pillHeight: 30
+        radius: 8
+        role: PillButton.Neutral
+        title: "Open Settings"
 
-            Label {
-                Accessible.ignored: true
-                Layout.fillWidth: true
-                color: Theme.palette.label3
-                size: 12
-                text: "macOS is blocking access, so anything there is missing from these totals."
-                wrapMode: Text.Wrap
-            }
-        }
-
-        PillButton {
-            font: Face.text(12.5, Font.Medium)
-            hpad: 14
-            pillHeight: 30
-            radius: 8
-            role: PillButton.Neutral
-            title: "Open Settings"
-
-            onClicked: notice.access.openSettings()
-        }
+        onClicked: notice.access.openSettings()
     }
 }

@@ -3,14 +3,14 @@ import QtQuick
 import Zolva.Kit
 import Zolva.Model
 
-// One of the things that will go.
+// One of the things that will go; the whole of its path is told where it was shortened.
 Item {
     id: line
 
     required property confirmRow modelData
     readonly property bool hasSize: modelData.size !== ""
 
-    Accessible.name: hasSize ? modelData.label + ", " + modelData.size : modelData.label
+    Accessible.name: hasSize ? modelData.fullText + ", " + modelData.size : modelData.fullText
     Accessible.role: Accessible.ListItem
     implicitHeight: label.height + 7
 
@@ -38,5 +38,14 @@ Item {
         color: Theme.palette.label2
         size: 11.5
         text: line.modelData.size
+    }
+
+    HoverHandler {
+        id: hover
+    }
+
+    HintTip {
+        text: line.modelData.fullText
+        visible: hover.hovered && (label.truncated || text !== line.modelData.label)
     }
 }

@@ -15,6 +15,19 @@ Rectangle {
     implicitHeight: Math.min(132, column.height + 18)
     radius: 8
 
+    // Each sheet is read from its beginning.
+    Connections {
+        target: box.confirm
+
+        function onIsOpenChanged() {
+            if (box.confirm.isOpen)
+                scroll.contentY = 0;
+        }
+        function onSubjectChanged() {
+            scroll.contentY = 0;
+        }
+    }
+
     Flickable {
         id: scroll
 

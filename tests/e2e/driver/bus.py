@@ -4,6 +4,7 @@ Everything is asked anew each time. Waiting goes from event to event of the bus;
 not tell of every change, it looks again now and then without one.
 """
 
+import string
 import time
 
 from gi.repository import Gio, GLib
@@ -18,11 +19,12 @@ STATES = {1: "active", 4: "checked", 8: "enabled", 9: "expandable", 10: "expande
           12: "focused", 23: "selected", 24: "sensitive", 25: "showing", 30: "visible",
           41: "checkable", 16: "modal"}
 KEYS = {"Tab": 0xff09, "Return": 0xff0d, "Escape": 0xff1b, "space": 0x20, "Up": 0xff52,
-        "Down": 0xff54, "Left": 0xff51, "Menu": 0xff67, "F4": 0xffc1, "F9": 0xffc6, "q": 0x71, "w": 0x77}
-KEYS.update({digit: ord(digit) for digit in "12345678"})
+        "Down": 0xff54, "Menu": 0xff67, "F4": 0xffc1, "F9": 0xffc6, "comma": 0x2c,
+        "Left": 0xff51, "Right": 0xff53}
+KEYS.update({sign: ord(sign) for sign in "12345678" + string.ascii_lowercase})
 # Hardware codes of the modifiers on the display's keyboard.
 MODIFIERS = {"Shift": 50, "Control": 37, "Alt": 64}
-KEY_DOWN, KEY_UP, KEY_TYPED = 0, 1, 3
+KEY_DOWN, KEY_UP, KEY_TYPED, TEXT_TYPED = 0, 1, 3, 4
 
 
 class Gone(Exception):
@@ -85,6 +87,10 @@ class Node:
                 return
         raise AssertionError("%s cannot be pressed: it has %s" % (self.describe(), names))
 
+    def place(self):
+        """Where it stands on the screen: left, top, width, height."""
+        return self._call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+
     def focus(self):
         self._call("org.a11y.atspi.Component", "GrabFocus")
 
@@ -141,10 +147,10 @@ class Bus:
     """A connection to the accessibility bus of one session bus."""
 
     def __init__(self, session_address):
-        session = self._connect(session_address)
+        session = self.connect(session_address)
         address = self._launched(session)
         session.close_sync()
-        self.connection = self._connect(address)
+        self.connection = self.connect(address)
         self.events = 0
         self.connection.signal_subscribe(None, None, None, None, None, Gio.DBusSignalFlags.NONE,
                                          self._heard)
@@ -153,7 +159,7 @@ class Bus:
                       GLib.Variant("(sass)", (kind, [], "")))
 
     @staticmethod
-    def _connect(address):
+    def connect(address):
         flags = (Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
                  | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
@@ -222,6 +228,16 @@ class Bus:
                 return None
             self.next_event()
 
+    def applications(self, name):
+        """The roots of what the programs of that name show."""
+        return [child for child in Node(self, REGISTRY, ROOT).children() if child.name == name]
+
+    def click_at(self, x, y, button=1):
+        """Moves the pointer there, and presses and releases one of its buttons."""
+        self.call(REGISTRY, "/org/a11y/atspi/registry/deviceeventcontroller",
+                  "org.a11y.atspi.DeviceEventController", "GenerateMouseEvent",
+                  GLib.Variant("(iis)", (x, y, "b%dc" % button)))
+
     def type_key(self, *keys):
         """The last of the keys while the modifiers before it are held down."""
         *held, key = keys
@@ -231,7 +247,11 @@ class Bus:
         for name in reversed(held):
             self._key(MODIFIERS[name], KEY_UP)
 
-    def _key(self, code, kind):
+    def type_text(self, text):
+        """Each character of it, as a person would type it."""
+        self._key(0, TEXT_TYPED, text)
+
+    def _key(self, code, kind, text=""):
         self.call(REGISTRY, "/org/a11y/atspi/registry/deviceeventcontroller",
                   "org.a11y.atspi.DeviceEventController", "GenerateKeyboardEvent",
-                  GLib.Variant("(isu)", (code, "", kind)))
+                  GLib.Variant("(isu)", (code, text, kind)))

@@ -5,6 +5,7 @@ import json
 import os
 import unittest
 
+from driver import disk
 from driver.bus import Bus, Gone
 from driver.disk import blocks, size_text, snapshot
 from driver.world import World
@@ -16,6 +17,8 @@ PATIENCE = int(os.environ.get("ZOLVA_PATIENCE", "30"))
 OWN_FILES = (".config/zolva", ".local/state/zolva", ".cache/zolva", "Library/Logs/Zolva",
              ".cache/mesa_shader_cache", ".cache/fontconfig",
              ".cache/qtshadercache-x86_64-little_endian-lp64")
+
+TRASH = ".local/share/Trash"
 
 
 class WindowCase(unittest.TestCase):
@@ -126,10 +129,14 @@ class WindowCase(unittest.TestCase):
             self.fail("\n".join(diff))
 
     def focused(self):
-        """What the keys go to."""
-        try:
-            return next((node for node in self.window().walk() if "focused" in node.states
+        """What the keys go to; what that stands in is told as focused, too."""
+        def below(top):
+            return next((node for node in top.walk() if node != top and "focused" in node.states
                          and "active" not in node.states), None)
+
+        try:
+            at = below(self.window())
+            return at and below(at) or at
         except Gone:
             return None
 
@@ -139,6 +146,34 @@ class WindowCase(unittest.TestCase):
             return at if at and at.name == name else None
 
         return self.wait(look, "the focus on “%s”" % name)
+
+    def tab_to(self, name):
+        """Presses Tab until the focus is there, at most as often as there are things."""
+        for _ in range(40):
+            at = self.focused()
+            if at and at.name == name:
+                return
+            self.tab()
+        self.fail("Tab does not come to “%s”" % name)
+
+    def tab(self):
+        """Presses Tab once; what has the focus then, if anything has it."""
+        at = self.focused()
+        self.bus.type_key("Tab")
+
+        def look():
+            now = self.focused()
+            return now if now and now != at else None
+
+        return self.bus.wait(look, 5)
+
+    def assert_tabs(self, names):
+        """The Tab key comes to these, one after the other, from where the focus is."""
+        came = []
+        for _ in names:
+            at = self.tab()
+            came.append(at.name if at else None)
+        self.assertEqual(came, names)
 
     # What stands on every page
 
@@ -183,8 +218,22 @@ class WindowCase(unittest.TestCase):
         if lines:
             self.fail("the disk differs:\n" + "\n".join(lines[:40]))
 
+    def assert_moved(self, before, paths):
+        """These lie whole in the Trash, and nothing else has changed anywhere in the home."""
+        after = self.everything()
+        gone = [path.short for path in paths]
+        expected = disk.without(before, gone)
+        for short in gone:
+            name = os.path.basename(short)
+            for below, told in disk.below(before, short).items():
+                expected[TRASH + "/files/" + name + below] = told
+        infos = {TRASH + "/info/" + os.path.basename(short) + ".trashinfo" for short in gone}
+        self.assert_same({short: told for short, told in after.items() if short not in infos},
+                         expected)
+        self.assertEqual({short for short in infos if short in after}, infos)
+
     def trash_files(self):
-        return self.home(".local/share/Trash/files")
+        return self.home(TRASH, "files")
 
     def trash(self):
         entries = os.listdir(self.trash_files())

@@ -10,7 +10,7 @@ QtObject {
     }
 
     function show(result) {
-        fixture.setSpace?.(214700000000, 494300000000);
+        fixture.setSpace(214700000000, 494300000000);
         fixture.setAnalysis(result);
         fixture.model.go("analyze");
     }
@@ -25,7 +25,7 @@ QtObject {
 
     function largeFiles(): list<var> {
         return [["Movies/rehearsal.mov", 38200000000], ["Virtual Machines/Debian.utm/Data/disk-0.qcow2", 21400000000], ["Downloads/debian-12-netinst.iso", 658000000], ["Movies/birthday.mp4", 512000000], ["Pictures/Photos Library.photoslibrary/originals/0/0A1B2C3D-4E5F-6071-8293-A4B5C6D7E8F9.heic", 214000000], ["Music/session 14.aiff", 98000000]].map(row => ({
-                    path: home("/" + row[0]),
+                    path: "/home/ada/" + row[0],
                     size: row[1]
                 }));
     }

@@ -1,7 +1,9 @@
 import QtQuick
 import Zolva.Kit
 import Zolva.Root
+import Zolva.Screens.Menu
 import Zolva.Test
+import "UninstallSamples.js" as Samples
 
 // Brings the window into one of its states, over a model that holds believable things.
 Item {
@@ -13,7 +15,7 @@ Item {
     Component {
         id: fixtures
 
-        Fixture {
+        FeedFixture {
         }
     }
 
@@ -26,15 +28,27 @@ Item {
         }
     }
 
+    Component {
+        id: panels
+
+        MenuBarView {
+            width: implicitWidth
+        }
+    }
+
     function take(state: string, theme: string) {
-        if (view)
+        if (view) {
+            // A menu goes with what it belongs to.
+            view.visible = false;
             view.destroy();
+        }
         if (fixture)
             fixture.destroy();
         Motion.reduced = true;
         fixture = fixtures.createObject(stage);
         fixture.setTheme(theme);
-        view = views.createObject(stage, {
+        Theme.light = theme === "light";
+        view = (state.startsWith("panel") ? panels : views).createObject(stage, {
             model: fixture.model
         });
         view.forceActiveFocus();
@@ -109,12 +123,62 @@ Item {
             }];
     }
 
+    function projects(): list<var> {
+        const rows = [["~/Projects/harbour", "target", 6210000000, 41], ["~/Code/lantern", "node_modules", 1840000000, 2], ["~/Projects/meadow/web", "node_modules", 1320000000, 153], ["~/Code/orchard", ".venv", 986000000, 6], ["~/Code/quarry", "node_modules", 744000000, 402], ["~/Projects/compass-for-the-very-long-way-home/packages/navigation/source/client", "build", 512000000, 33], ["~/Projects/meadow/web", "dist", 208000000, 153], ["~/Projects/thistle", ".gradle", 97000000, 1]];
+        return rows.map(row => ({
+                    p: row[0],
+                    artifact: row[1],
+                    b: row[2],
+                    age: row[3]
+                }));
+    }
+
+    function installers(): list<var> {
+        const rows = [["Lumen Editor 4.2.dmg", "Downloads", "~/Downloads", 1480000000, 64], ["debian-12-netinst.iso", "Downloads", "~/Downloads", 658000000, 210], ["Skylark Chat.dmg", "Desktop", "~/Desktop", 214000000, 12], ["printer-driver.pkg", "Downloads", "~/Downloads", 96000000, 1], ["ffmpeg--7.0.dmg", "Homebrew cache", "~/Library/Caches/Homebrew/downloads", 61000000, 45], ["fonts.pkg", "iCloud Drive", "~/Library/Mobile Documents/com~apple~CloudDocs/Downloads", 2400000, 55]];
+        return rows.map(row => ({
+                    name: row[0],
+                    src: row[1],
+                    p: row[2] + "/" + row[0],
+                    b: row[3],
+                    age: row[4]
+                }));
+    }
+
     function scanned(caches: int) {
         fixture.setCategories(categories(caches));
-        fixture.projects(12);
-        fixture.installers(4);
+        fixture.setProjects(projects());
+        fixture.setInstallers(installers());
         fixture.apps(37);
         fixture.setTrash(3, 233000000);
+    }
+
+    function panelScanning() {
+        fixture.setVolumeName("Quiet Disk");
+        fixture.setVolumeSpace(118400000000, 494380000000);
+        fixture.model.menu.opened();
+        fixture.setTrash(3, 233000000);
+    }
+
+    function panelLoaded() {
+        panelScanning();
+        scanned(9);
+    }
+
+    function panelEmpty() {
+        fixture.setVolumeName("");
+        fixture.setVolumeSpace(402400000000, 494380000000);
+        fixture.setCategories([]);
+        fixture.setTrash(0, 0);
+        fixture.model.menu.opened();
+    }
+
+    function panelBlocked() {
+        panelLoaded();
+        fixture.setVolumeName("A backup volume with quite a long name of its own");
+        fixture.model.menu.opened();
+        fixture.setTrash(0, 0, true);
+        view.step(true);
+        view.step(true);
     }
 
     function cleanLoaded() {
@@ -185,6 +249,216 @@ Item {
     function cleanExcluded() {
         fixture.exclude("~/Library/Developer/Xcode/DerivedData/Lantern-abcdefgh");
         opened("Xcode DerivedData", 9);
+    }
+
+    function purgeWelcome() {
+        fixture.model.go("purge");
+    }
+
+    function purgeScanning() {
+        fixture.model.go("purge");
+        fixture.beginPurgeScan();
+    }
+
+    function purgeEmpty() {
+        fixture.setProjects([]);
+        fixture.model.go("purge");
+    }
+
+    function purgeLoaded() {
+        scanned(9);
+        fixture.model.go("purge");
+        fixture.model.purge.pick("~/Projects/harbour/target", false);
+        fixture.model.purge.pick("~/Code/quarry/node_modules", false);
+    }
+
+    function purgeExcluded() {
+        fixture.exclude("~/Projects/meadow");
+        purgeLoaded();
+    }
+
+    function purgeRun() {
+        purgeLoaded();
+        fixture.setBulk("Removing build artifacts", 2, 1, "~/Code/quarry/node_modules");
+    }
+
+    function installersWelcome() {
+        fixture.model.go("installer");
+    }
+
+    function installersScanning() {
+        fixture.model.go("installer");
+        fixture.beginInstallerScan();
+    }
+
+    function installersEmpty() {
+        fixture.setInstallers([]);
+        fixture.model.go("installer");
+    }
+
+    function installersLoaded() {
+        scanned(9);
+        fixture.model.go("installer");
+        fixture.model.installer.pick("~/Downloads/Lumen Editor 4.2.dmg", false);
+        fixture.model.installer.pick("~/Desktop/Skylark Chat.dmg", false);
+    }
+
+    function find(item: Item, type: string): Item {
+        if (item.toString().startsWith(type + "_"))
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = find(item.children[i], type);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+
+    // The rows have to be in their places first.
+    Timer {
+        id: later
+
+        interval: 50
+        onTriggered: {
+            const row = stage.find(stage.view, "InstallerRow");
+            stage.find(stage.view, "InstallerScreen").menu.openFor(row, Qt.point(300, 30));
+        }
+    }
+
+    function installersMenu() {
+        installersLoaded();
+        later.start();
+    }
+
+    function installersRun() {
+        installersLoaded();
+        fixture.setBulk("Removing installers", 2, 1, "~/Desktop/Skylark Chat.dmg");
+    }
+
+    function uninstallWelcome() {
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallScanning() {
+        fixture.model.go("uninstall");
+        fixture.model.uninstall.scan();
+    }
+
+    function uninstallFailed() {
+        fixture.model.go("uninstall");
+        fixture.beginAppsScan();
+        fixture.failAppsScan();
+    }
+
+    function uninstallLooking() {
+        scanned(9);
+        fixture.setApps(Samples.applications);
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallLoaded() {
+        uninstallLooking();
+        fixture.finishLeftovers(Samples.leftovers);
+        for (const name of ["Lumen Editor", "Tern Player"])
+            fixture.model.uninstall.pick(Samples.applications.filter(one => one.name === name).map(one => one.bundleID + one.path)[0], false);
+    }
+
+    function uninstallNothingLeft() {
+        uninstallLooking();
+        fixture.finishLeftovers([]);
+    }
+
+    function uninstallNoMatch() {
+        uninstallLoaded();
+        fixture.model.uninstall.query = "lantern";
+    }
+
+    function uninstallNone() {
+        scanned(9);
+        fixture.setApps([]);
+        fixture.model.go("uninstall");
+    }
+
+    function uninstallSheet() {
+        uninstallLoaded();
+        fixture.model.uninstall.uninstall();
+    }
+
+    function uninstallRun() {
+        uninstallLoaded();
+        fixture.setBulk("Emptying the Trash", 0, 0, "");
+    }
+
+    function uninstallStuck() {
+        uninstallLoaded();
+        fixture.addToast("warning", "Couldn't uninstall 1 app. It may need an administrator password.", "Authenticate…");
+    }
+
+    /// A minute in which the processor was busy twice.
+    function readMinute(samples: int) {
+        fixture.setSpace(80760000000, 270550000000);
+        fixture.model.go("status");
+        for (let i = 0; i < samples; ++i) {
+            const burst = Math.exp(-Math.pow((i - 17) / 4, 2)) * 62 + Math.exp(-Math.pow((i - 44) / 6, 2)) * 48;
+            fixture.readStatus({
+                health: 91,
+                healthMsg: "Good",
+                cpu: 9 + burst + 5 * Math.sin(i * 1.9) + 3 * Math.sin(i * 0.7),
+                load1: 1.42,
+                load5: 1.18,
+                load15: 0.96,
+                used: 9640000000,
+                total: 16600000000,
+                usedPercent: 56 + i * 0.05 + burst * 0.08,
+                model: "Workbench 14",
+                cpuModel: "Example Core 8",
+                uptime: "3d 4h"
+            });
+        }
+    }
+
+    function statusLive() {
+        readMinute(60);
+    }
+
+    function statusShort() {
+        readMinute(5);
+    }
+
+    function statusWaiting() {
+        fixture.model.go("status");
+    }
+
+    function statusFailed() {
+        fixture.model.go("status");
+        fixture.failStatus("mo isn’t installed");
+    }
+
+    function settingsTop() {
+        fixture.exclude("~/Projects/thesis");
+        fixture.exclude("~/Library/Caches/com.example.browser");
+        fixture.model.go("settings");
+    }
+
+    function settingsError() {
+        settingsTop();
+        fixture.setKeepInTrash(false);
+        fixture.model.settings.draft = "~/Projects/thesis/figures";
+    }
+
+    /// The lower part of the page.
+    function settingsEnd() {
+        settingsTop();
+        fixture.model.updates.check();
+        fixture.offerUpdate("0.2.0", "Installers are listed by where they came from.");
+        Qt.callLater(() => scrollToEnd(view));
+    }
+
+    function scrollToEnd(item: Item) {
+        if (item instanceof ListView)
+            item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
+        for (const child of item.children)
+            scrollToEnd(child);
     }
 
     function sheetOf(caches: int) {

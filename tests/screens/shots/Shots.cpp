@@ -22,9 +22,11 @@ namespace zolva::test {
 
 namespace {
 
-/// Everything that moves has come to rest by then.
+/// Everything that moves has come to rest by then, and what went is gone.
 void settle()
 {
+    // Outside of an event loop nobody else sees to it.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QElapsedTimer time;
     time.start();
     while (time.elapsed() < 500) {

@@ -43,9 +43,9 @@ private:
 template <typename Call>
 void noteInto(QStringList& calls, const char* name, Call& call)
 {
-    call = [&calls, name, inner = std::move(call)] {
+    call = [&calls, name, inner = std::move(call)](auto... arguments) {
         calls.push_back(QString::fromUtf8(name));
-        return inner();
+        return inner(std::move(arguments)...);
     };
 }
 
@@ -87,8 +87,9 @@ BannerKind kindFrom(const QString& kind)
 class Fixture::World final : public QObject
 {
 public:
-    World()
+    explicit World(const AppBundle& bundle)
     {
+        fakes.bundle = bundle;
         AppDependencies all = fakes.dependencies({.meters = false, .journalCheck = false});
         all.runner = std::make_unique<NotingRunner>(fakes.script, calls);
         noteInto(calls, "clean scan", all.scans.clean);
@@ -100,6 +101,12 @@ public:
         all.scans.analyze = [this, inner = std::move(all.scans.analyze)](std::string path) {
             calls.push_back(QStringLiteral("analyze ") + QString::fromStdString(path));
             return inner(std::move(path));
+        };
+        noteInto(calls, "update check", all.updates.check);
+        noteInto(calls, "license opened", all.doors.toolLicense);
+        all.disk.space = [this] { return space; };
+        all.doors.page = [this](const std::string& url) {
+            calls.push_back(QStringLiteral("page ") + QString::fromStdString(url));
         };
         all.doors.reveal = [this](const std::string& path) {
             calls.push_back(QStringLiteral("revealed ") + QString::fromStdString(path));
@@ -116,12 +123,18 @@ public:
 
     TempTree tree;
     QStringList calls;
+    VolumeSpace space;
     std::shared_ptr<Gate> gate = std::make_shared<Gate>();
     ModelWorld fakes{tree.path("logs")};
     std::unique_ptr<ScreenModel> screen;
 };
 
-Fixture::Fixture(QObject* parent) : QObject(parent), m_world(std::make_unique<World>())
+Fixture::Fixture(QObject* parent)
+    : Fixture({.shortVersion = "0.1.0", .version = "5", .resourceFolders = {}}, parent)
+{}
+
+Fixture::Fixture(const AppBundle& bundle, QObject* parent)
+    : QObject(parent), m_world(std::make_unique<World>(bundle))
 {
     connect(m_world->screen->quit(), &QuitModel::quit, this, [this] {
         ++m_quits;
@@ -137,6 +150,11 @@ Fixture::~Fixture()
 ScreenModel* Fixture::model() const
 {
     return m_world->screen.get();
+}
+
+ModelWorld& Fixture::fakes() const
+{
+    return m_world->fakes;
 }
 
 AppModel& Fixture::app() const
@@ -156,21 +174,6 @@ QStringList Fixture::calls() const
         all.push_back(QString::fromStdString(change));
     }
     return all;
-}
-
-template <typename T>
-bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
-{
-    std::size_t& finished = m_finished[&calls];
-    if (finished == calls.count()) {
-        if (QJSEngine* const engine = qjsEngine(this)) {
-            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
-        }
-        return false;
-    }
-    finished = calls.count();
-    calls.answer(finished - 1, std::move(value));
-    return true;
 }
 
 void Fixture::setCategories(const QVariantList& rows)
@@ -327,6 +330,19 @@ void Fixture::failAppsScan()
            "the reading of the apps");
 }
 
+void Fixture::finishLeftovers(const QVariantList& rows)
+{
+    finish(m_world->fakes.held.residue, leftoversFrom(rows), "the search for leftovers");
+}
+
+void Fixture::hold(const QString& path, bool adminMayMove)
+{
+    disk().fail(path.toStdString(), "not permitted");
+    if (adminMayMove) {
+        disk().allowAdmin(path.toStdString());
+    }
+}
+
 void Fixture::pickAll(const QString& list, bool picked)
 {
     AppLists::Keys keys;
@@ -351,6 +367,18 @@ void Fixture::pickAll(const QString& list, bool picked)
         }
         app().live().setApps(keys, picked);
     }
+}
+
+void Fixture::setVolumeName(const QString& name)
+{
+    m_world->fakes.volumeName = name.toStdString();
+}
+
+void Fixture::setVolumeSpace(double available, double total)
+{
+    m_world->fakes.volumeSpace = {static_cast<std::int64_t>(available),
+                                  static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
 }
 
 void Fixture::openSheet(const QString& id)
@@ -389,6 +417,48 @@ void Fixture::setTrash(int count, double bytes, bool unreadable)
     TrashMeter& meter = app().removal().trash();
     meter.refreshTrashMeter();
     pumpUntil([&meter] { return !meter.isMeasuring(); });
+}
+
+void Fixture::setSpace(double available, double total)
+{
+    m_world->space = {static_cast<std::int64_t>(available), static_cast<std::int64_t>(total)};
+    app().removal().space().refreshFreeSpace();
+}
+
+int Fixture::statusRefs() const
+{
+    return app().live().statusRefs();
+}
+
+int Fixture::statusStreams() const
+{
+    return static_cast<int>(m_world->fakes.script.streams.size());
+}
+
+std::shared_ptr<StatusStream> Fixture::statusStream() const
+{
+    const RunnerScript& script = m_world->fakes.script;
+    auto stream = script.streams.empty() ? nullptr : script.newest();
+    if (!stream) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QStringLiteral("no stream of readings runs"));
+        }
+    }
+    return stream;
+}
+
+void Fixture::readStatus(const QVariantMap& fields)
+{
+    if (const auto stream = statusStream()) {
+        stream->send(statusFrom(fields));
+    }
+}
+
+void Fixture::failStatus(const QString& words)
+{
+    if (const auto stream = statusStream()) {
+        stream->finish(SystemError{words.toStdString()});
+    }
 }
 
 void Fixture::setBulk(const QString& title, int total, int done, const QString& current)

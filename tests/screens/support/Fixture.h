@@ -3,6 +3,7 @@
 #include "core/ModelWorld.h"
 #include "screens/model/ScreenModel.h"
 
+#include <QJSEngine>
 #include <QObject>
 #include <QQmlEngine>
 #include <QStringList>
@@ -28,11 +29,14 @@ class Fixture : public QObject
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
     /// "installer scan", "apps read", "analyze PATH", "access settings opened", "log folder
-    /// opened", "Trash opened", "revealed PATH" and "toast: ACTION"; behind these, in order, "trash
-    /// PATH", "purge PATH", "delete NAME" ….
+    /// opened", "Trash opened", "update check", "page ADDRESS", "revealed PATH", "license opened"
+    /// and "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
+    /// How many hold the stream of readings, and how often it was started.
+    Q_PROPERTY(int statusRefs READ statusRefs)
+    Q_PROPERTY(int statusStreams READ statusStreams)
 
 public:
     explicit Fixture(QObject* parent = nullptr);
@@ -41,6 +45,8 @@ public:
     [[nodiscard]] ScreenModel* model() const;
     [[nodiscard]] QStringList calls() const;
     [[nodiscard]] int quits() const { return m_quits; }
+    [[nodiscard]] int statusRefs() const;
+    [[nodiscard]] int statusStreams() const;
 
     // What the next scan finds, and that scan from its beginning to its end. Fields that are left
     // out have their defaults; sizes are bytes, ages days. Each row's paths are put on the disk.
@@ -56,7 +62,7 @@ public:
     Q_INVOKABLE void setInstallers(const QVariantList& rows);
     /// "~/Downloads/installer1.dmg" …
     Q_INVOKABLE void installers(int count);
-    /// `{name, bundleID, path, source, version, bundleBytes}`
+    /// `{name, bundleID, path, source, size, version, installed, bundleBytes}`, the day in ISO form
     Q_INVOKABLE void setApps(const QVariantList& rows);
     /// "/Applications/App 1.app" …
     Q_INVOKABLE void apps(int count);
@@ -80,6 +86,12 @@ public:
     Q_INVOKABLE void beginAppsScan();
     Q_INVOKABLE void finishAppsScan();
     Q_INVOKABLE void failAppsScan(); ///< the only one that can fail
+    /// The search for the leftovers of the application in focus ends with these:
+    /// `{loc, p, n, b, shared, sharedWith}`
+    Q_INVOKABLE void finishLeftovers(const QVariantList& rows);
+
+    /// It stays on the disk whatever is tried, but for an administrator where that helps.
+    Q_INVOKABLE void hold(const QString& path, bool adminMayMove);
 
     /// Ticks, or unticks, every row of a list: "clean", "purge", "installer" or "uninstall".
     Q_INVOKABLE void pickAll(const QString& list, bool picked = true);
@@ -91,6 +103,13 @@ public:
     Q_INVOKABLE void setKeepInTrash(bool keep);
     /// What lies in the Trash, when the meter has read it.
     Q_INVOKABLE void setTrash(int count, double bytes, bool unreadable = false);
+    /// Bytes of the home's volume, when the meter has read them.
+    Q_INVOKABLE void setSpace(double available, double total);
+    /// A reading from the running stream; without one it throws. `{health, healthMsg, cpu, load1,
+    /// load5, load15, used, total, usedPercent, pressure, model, cpuModel, uptime}`
+    Q_INVOKABLE void readStatus(const QVariantMap& fields);
+    /// The running stream ends with these words.
+    Q_INVOKABLE void failStatus(const QString& words);
     /// As a run tells its progress.
     Q_INVOKABLE void setBulk(const QString& title, int total, int done, const QString& current);
     Q_INVOKABLE void clearBulk();
@@ -101,6 +120,10 @@ public:
     Q_INVOKABLE QUuid addToast(const QString& kind, const QString& text,
                                const QString& actionTitle = {});
     Q_INVOKABLE void advance(int ms);
+    /// Read by the panel of the menu bar when it opens.
+    Q_INVOKABLE void setVolumeName(const QString& name);
+    /// Bytes, as the meter reads them; nothing is known of it before.
+    Q_INVOKABLE void setVolumeSpace(double available, double total);
 
     /// As the probe of an installer scan finds them; that scan is finished with the rows set.
     Q_INVOKABLE void setBlocked(const QStringList& labels);
@@ -113,18 +136,26 @@ public:
 Q_SIGNALS:
     void quitsChanged();
 
-private:
-    class World;
+protected:
+    /// Of a program that tells this of itself.
+    Fixture(const AppBundle& bundle, QObject* parent);
 
+    [[nodiscard]] ModelWorld& fakes() const;
     /// False, and thrown, where no call waits.
     template <typename T>
     bool finish(const HeldCalls<T>& calls, T value, const char* what);
+
+private:
+    class World;
+
     void takeCategories(std::vector<Category> rows);
     void takeProjects(std::vector<Project> rows);
     void takeInstallers(std::vector<InstallerItem> rows);
     void takeApps(std::vector<UninstallApp> rows);
     [[nodiscard]] AppModel& app() const;
     [[nodiscard]] RecordingTrash& disk() const;
+    /// Null, and thrown, where none runs.
+    [[nodiscard]] std::shared_ptr<StatusStream> statusStream() const;
 
     std::unique_ptr<World> m_world;
     std::vector<Category> m_categories;
@@ -136,5 +167,20 @@ private:
     int m_inTrash = 0;
     int m_quits = 0;
 };
+
+template <typename T>
+bool Fixture::finish(const HeldCalls<T>& calls, T value, const char* what)
+{
+    std::size_t& finished = m_finished[&calls];
+    if (finished == calls.count()) {
+        if (QJSEngine* const engine = qjsEngine(this)) {
+            engine->throwError(QString::fromUtf8(what) + QStringLiteral(" is not under way"));
+        }
+        return false;
+    }
+    finished = calls.count();
+    calls.answer(finished - 1, std::move(value));
+    return true;
+}
 
 } // namespace zolva::test

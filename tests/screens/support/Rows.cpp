@@ -2,6 +2,9 @@
 
 #include "files/PathText.h"
 
+#include <QDateTime>
+
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -112,14 +115,59 @@ std::vector<UninstallApp> appsFrom(const QVariantList& rows)
         made.bundleID = text(row, "bundleID");
         made.path = text(row, "path");
         made.source = text(row, "source");
+        made.size = text(row, "size");
         if (row.contains(QStringLiteral("version"))) {
             made.version = text(row, "version");
         }
         if (row.contains(QStringLiteral("bundleBytes"))) {
             made.bundleBytes = number(row, "bundleBytes");
         }
+        if (row.contains(QStringLiteral("installed"))) {
+            const QDate day =
+                QDate::fromString(QString::fromStdString(text(row, "installed")), Qt::ISODate);
+            made.installedDate =
+                TimePoint(std::chrono::milliseconds(day.startOfDay().toMSecsSinceEpoch()));
+        }
         return made;
     });
+}
+
+std::vector<ResidueRow> leftoversFrom(const QVariantList& rows)
+{
+    return allOf<ResidueRow>(rows, [](const QVariantMap& row) {
+        ResidueRow made;
+        made.loc = text(row, "loc");
+        made.p = text(row, "p");
+        made.n = number(row, "n");
+        made.b = number(row, "b");
+        made.shared = flag(row, "shared");
+        if (row.contains(QStringLiteral("sharedWith"))) {
+            made.sharedWith = text(row, "sharedWith");
+        }
+        return made;
+    });
+}
+
+StatusResult statusFrom(const QVariantMap& fields)
+{
+    const auto real = [&fields](const char* field) {
+        return fields.value(QString::fromUtf8(field)).toDouble();
+    };
+    StatusResult one;
+    one.healthScore = number(fields, "health");
+    one.healthScoreMsg = text(fields, "healthMsg");
+    one.cpu.usage = real("cpu");
+    one.cpu.load1 = real("load1");
+    one.cpu.load5 = real("load5");
+    one.cpu.load15 = real("load15");
+    one.memory.used = number(fields, "used");
+    one.memory.total = number(fields, "total");
+    one.memory.usedPercent = real("usedPercent");
+    one.memory.pressure = text(fields, "pressure");
+    one.hardware.model = text(fields, "model");
+    one.hardware.cpuModel = text(fields, "cpuModel");
+    one.uptime = text(fields, "uptime");
+    return one;
 }
 
 std::vector<Category> manyCategories(int count, int pathsEach)

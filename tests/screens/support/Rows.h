@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/StatusRecords.h"
 #include "files/Records.h"
 #include "scanners/AppInventory.h"
 #include "scanners/StorageAnalysis.h"
@@ -18,6 +19,8 @@ namespace zolva::test {
 [[nodiscard]] std::vector<InstallerItem> installersFrom(const QVariantList& rows);
 [[nodiscard]] std::vector<UninstallApp> appsFrom(const QVariantList& rows);
 [[nodiscard]] AnalyzeResult analysisFrom(const QVariantMap& result);
+[[nodiscard]] std::vector<ResidueRow> leftoversFrom(const QVariantList& rows);
+[[nodiscard]] StatusResult statusFrom(const QVariantMap& fields);
 
 [[nodiscard]] std::vector<Category> manyCategories(int count, int pathsEach);
 [[nodiscard]] std::vector<Project> manyProjects(int count);

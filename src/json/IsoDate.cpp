@@ -1,4 +1,4 @@
-#include "core/IsoDate.h"
+#include "json/IsoDate.h"
 
 #include <cstdint>
 #include <string>

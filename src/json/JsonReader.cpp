@@ -1,4 +1,4 @@
-#include "core/JsonReader.h"
+#include "json/JsonReader.h"
 
 #include <nlohmann/json.hpp>
 

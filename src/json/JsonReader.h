@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/IsoDate.h"
+#include "json/IsoDate.h"
 
 #include <nlohmann/json_fwd.hpp>
 
