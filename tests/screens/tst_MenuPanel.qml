@@ -307,8 +307,10 @@ ScreenCase {
         });
         verify(window);
         compare([window.visible, window.width], [false, 320]);
-        tryVerify(() => window.height > 400);
         verify(window.flags & Qt.FramelessWindowHint);
+        window.show();
+        tryVerify(() => window.height > 400);
+        window.dismiss();
         window.destroy();
         wait(0);
     }

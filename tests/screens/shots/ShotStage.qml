@@ -31,7 +31,7 @@ Item {
         id: panels
 
         MenuBarView {
-            width: implicitWidth
+            anchors.fill: parent
         }
     }
 
