@@ -171,6 +171,7 @@ TEST_F(Extra, PanelAboveItsItemGrowsUpwards)
     QWindow& panel = *panels().front();
     const int end = panel.y() + panel.height();
     panel.setHeight(panel.height() + 14);
+    pumpOnce();
     EXPECT_EQ(panel.y() + panel.height(), end);
 }
 
