@@ -47,6 +47,7 @@ class Extra : public WholeModel
 protected:
     Extra()
     {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         engine.addImportPath(QStringLiteral("qrc:/qml"));
         begin();
     }

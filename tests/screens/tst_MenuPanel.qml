@@ -313,5 +313,8 @@ ScreenCase {
         window.dismiss();
         window.destroy();
         wait(0);
+        // The next test's keys go to the window that is active.
+        tests.Window.window.requestActivate();
+        tryVerify(() => tests.Window.active);
     }
 }
