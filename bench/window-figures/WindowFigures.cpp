@@ -293,6 +293,8 @@ int idle(int seconds, std::string_view state)
         window.hide();
     } else if (state == "status") {
         StatusModel& status = *modelOf(window).status();
+        // No warning comes in between, whatever else the machine does.
+        modelOf(window).settings()->setThreshold(100);
         modelOf(window).go("status");
         turnUntil([&status] { return status.page() == StatusModel::Live; });
     }

@@ -47,6 +47,7 @@ class Extra : public WholeModel
 protected:
     Extra()
     {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         engine.addImportPath(QStringLiteral("qrc:/qml"));
         begin();
     }
@@ -171,6 +172,7 @@ TEST_F(Extra, PanelAboveItsItemGrowsUpwards)
     QWindow& panel = *panels().front();
     const int end = panel.y() + panel.height();
     panel.setHeight(panel.height() + 14);
+    pumpOnce();
     EXPECT_EQ(panel.y() + panel.height(), end);
 }
 

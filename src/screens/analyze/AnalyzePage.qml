@@ -43,10 +43,12 @@ FocusScope {
         title: "Analyze"
 
         delegate: AnalyzeRow {
+            id: entry
+
             analyze: page.analyze
             width: ListView.view.width
 
-            onMenuWanted: at => menu.openFor(this, at)
+            onMenuWanted: at => menu.openFor(entry, at)
         }
 
         RowTap {

@@ -68,10 +68,12 @@ Item {
                 width: parent.width
 
                 delegate: LargeFileRow {
+                    id: file
+
                     analyze: files.analyze
                     width: ListView.view.width
 
-                    onMenuWanted: at => menu.openFor(this, at)
+                    onMenuWanted: at => menu.openFor(file, at)
                 }
 
                 RowTap {

@@ -32,7 +32,7 @@ Item {
         id: panels
 
         MenuBarView {
-            width: implicitWidth
+            anchors.fill: parent
         }
     }
 
