@@ -122,6 +122,17 @@ TEST(AppMessages, AnOwnerOfAnUnsharedPlaceIsNotTold)
     EXPECT_EQ(leftoverLines({row}).front().tag, "");
 }
 
+TEST(AppMessages, ALeftoverStaysOnItsLines)
+{
+    ResidueRow row = found("Caches", 1, 1000);
+    row.p = "~/Library/a\nb";
+    row.shared = true;
+    row.sharedWith = "c\nd";
+    const LeftoverLine line = leftoverLines({row}).front();
+    EXPECT_EQ(line.path, "~/Library/a\uFFFDb");
+    EXPECT_EQ(line.tag, "shared with c\uFFFDd");
+}
+
 TEST(AppMessages, SizeIsThatOfTheBundleAndElseTheToolsOwnWord)
 {
     UninstallApp app = measured(31'200'000);

@@ -238,6 +238,14 @@ TEST_F(TheAppRows, NamesThatAreNoTextAreShownAllTheSame)
     EXPECT_EQ(rows.rowCount(), 1);
 }
 
+TEST_F(TheAppRows, ShowAnyNameOnOneLine)
+{
+    AppModel& m = ready();
+    const AppRows rows(m);
+    listed(m, {appOf("a\nb", 1)});
+    EXPECT_EQ(textAt(rows, 0, AppRows::NameRole), "a\uFFFDb");
+}
+
 TEST_F(TheAppRows, TwoCopiesOfOneApplicationAreTwoRows)
 {
     AppModel& m = ready();

@@ -219,6 +219,14 @@ TEST_F(TheInstallersScreen, ARescanForgetsWhatWasTicked)
     EXPECT_FALSE(flagAt(*screen.rows(), 0, ListRows::TickedRole));
 }
 
+TEST_F(TheInstallersScreen, ShowsAnyNameOnOneLineAndInItsOwnDirection)
+{
+    AppModel& m = ready();
+    installed(m, {found("/Downloads/a\nb\u202Egpj.dmg", 1000)});
+    const InstallerModel screen(m);
+    EXPECT_EQ(textAt(*screen.rows(), 0, ListRows::NameRole), "a\uFFFDb\uFFFDgpj.dmg");
+}
+
 } // namespace
 
 } // namespace zolva::test

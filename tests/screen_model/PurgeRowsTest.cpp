@@ -219,6 +219,16 @@ TEST_F(ThePurgeRows, WhatTheDiskNamesWithoutTextIsShownAsFarAsItGoes)
     EXPECT_EQ(textAt(PurgeRows(m), 0, ListRows::NameRole), "/a\xef\xbf\xbd");
 }
 
+TEST_F(ThePurgeRows, ShowAnyNameOnOneLine)
+{
+    AppModel& m = ready();
+    purged(m, {built("/a\nb", "x\ny")});
+    const PurgeRows rows(m);
+    EXPECT_EQ(textAt(rows, 0, ListRows::NameRole), "/a\uFFFDb");
+    EXPECT_EQ(desc(rows), "x\uFFFDy · 30 days old");
+    EXPECT_EQ(textAt(rows, 0, PurgeRows::SpokenNameRole), "x\uFFFDy in /a\uFFFDb");
+}
+
 } // namespace
 
 } // namespace zolva::test

@@ -170,6 +170,18 @@ ScreenCase {
         compare(walks().slice(-1), ["analyze "]);
     }
 
+    function test_anotherFreeSpaceTakesNoKeyboardFromACrumb() {
+        downloads(0);
+        open();
+        spoken("~").forceActiveFocus(Qt.TabFocusReason);
+        let told = 0;
+        fixture.model.analyze.changed.connect(() => ++told);
+        fixture.setSpace(5000000000, 9000000000);
+        tryVerify(() => told > 0);
+        settle();
+        compare(focusedName(), "~");
+    }
+
     function test_aLongWayWrapsAndLeavesRoomForTheTotals() {
         let path = home("");
         for (let i = 0; i < 30; ++i)
@@ -195,6 +207,13 @@ ScreenCase {
         compare(track.children[0].color.toString(), Theme.palette.accent.toString());
         compare(all(row, item => item.name === "folder.fill").length, 1);
         compare(all(rows()[1], item => item.name === "doc.fill").length, 1);
+    }
+
+    function test_theBarOfASmallShareIsNoLongerThanThat() {
+        fixture.setAnalysis({path: home("/Downloads"), entries: [{path: home("/Downloads/small"), size: 10000000, isDir: true}], totalSize: 1000000000});
+        open();
+        const track = all(rows()[0], item => item instanceof Rectangle && item.width === 120 && item.height === 5)[0];
+        fuzzyCompare(track.children[0].width, 1.2, 0.001);
     }
 
     function test_aFolderIsAButtonAndAFileIsNone() {
@@ -397,6 +416,27 @@ ScreenCase {
         click(spoken("Show in Finder", tests.Window.window.contentItem));
         compare(fixture.calls.filter(call => call.startsWith("revealed ")), ["revealed " + home("/Downloads/film.mov")]);
         compare(walks().length, 1);
+    }
+
+    function test_theMenuOfAnEntryGoesWithIt() {
+        downloads(0);
+        open();
+        const within = tests.Window.window.contentItem;
+        mouseClick(rows()[1], 300, 20, Qt.RightButton);
+        tryVerify(() => spoken("Show in Finder", within) !== null);
+        downloads(0);
+        tryVerify(() => spoken("Show in Finder", within) === null);
+    }
+
+    function test_theWholePathOfALargeFileIsItsTip() {
+        const path = home("/" + "very-long-name/".repeat(30) + "film.mov");
+        fixture.setAnalysis({path: home(""), largeFiles: [{path: path, size: 1000000}], totalSize: 1000000000});
+        open();
+        const tip = Array.from(fileRows()[0].data).find(each => each instanceof HintTip);
+        compare(tip.text, path);
+        verify(!tip.visible);
+        mouseMove(fileRows()[0], 100, 40);
+        tryVerify(() => tip.visible);
     }
 
     function test_theMenusOpenByTheKeysToo() {

@@ -279,6 +279,15 @@ ScreenCase {
         tryVerify(() => spoken("Remove", top) === null);
     }
 
+    function test_theMenuGoesWithItsRow() {
+        open(mixed);
+        rightClick(row("Driver.pkg"));
+        verify(menu().visible);
+        fixture.model.installer.removeOne("~/Desktop/Driver.pkg");
+        tryVerify(() => !menu().visible);
+        tryVerify(() => !fixture.model.bulk.present);
+    }
+
     function test_aRemovalByTheKeysLeavesTheKeyboardInTheList() {
         fixture.setInstallers(mixed);
         showWindow("installer");

@@ -118,6 +118,19 @@ ScreenCase {
         compare(row(path).height, 62);
     }
 
+    function test_theWholeOfAPathThatIsCutIsTheTipUnderThePointer() {
+        const path = "~/code/" + "very-long-name/".repeat(30) + "end";
+        open([{p: path, artifact: "dist", b: 3000000, age: 9}, {p: "~/short", artifact: "dist", b: 2000000, age: 9}]);
+        const tipOf = name => all(row(name).head, item => item.toString().startsWith("QQuickLoader"))[0].item;
+        compare(tipOf(path), null);
+        mouseMove(row(path).head, 300, 20);
+        tryVerify(() => tipOf(path) !== null);
+        compare(Array.from(tipOf(path).data).find(each => each instanceof HintTip).text, path);
+        mouseMove(row("~/short").head, 300, 20);
+        tryVerify(() => tipOf(path) === null);
+        compare(tipOf("~/short"), null);
+    }
+
     function test_aRowIsOneButtonThatSaysItsState() {
         open(mixed);
         const head = spoken("node_modules in ~/code/lantern");

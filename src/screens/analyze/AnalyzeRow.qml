@@ -99,8 +99,7 @@ ListRow {
             color: Theme.palette.accent
             height: parent.height
             radius: parent.radius
-            visible: row.share > 0
-            width: Math.max(parent.height, parent.width * row.share)
+            width: parent.width * row.share
         }
     }
 

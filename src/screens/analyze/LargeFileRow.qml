@@ -58,6 +58,15 @@ ListRow {
         }
     }
 
+    HoverHandler {
+        id: hover
+    }
+
+    HintTip {
+        text: row.path
+        visible: hover.hovered && where.truncated
+    }
+
     Label {
         id: amount
 

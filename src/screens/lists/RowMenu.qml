@@ -29,6 +29,11 @@ PopupMenu {
         if (!isPossible)
             close();
     }
+    // Nor the row: another one may have its place.
+    onRowChanged: {
+        if (!row)
+            close();
+    }
     onClosed: {
         if (row && hadFocus)
             row.takeFocus();

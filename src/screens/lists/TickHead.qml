@@ -92,4 +92,17 @@ PointerButton {
         text: head.trailing
         weight: head.isSize ? Font.DemiBold : Font.Normal
     }
+
+    // Of every row: the tip is made when it is wanted.
+    Loader {
+        active: head.hovering && title.truncated
+        anchors.fill: parent
+
+        sourceComponent: Item {
+            HintTip {
+                text: head.name
+                visible: true
+            }
+        }
+    }
 }

@@ -16,7 +16,7 @@ AppDetail::AppDetail(AppModel& model, QObject* parent) : QObject(parent), m_mode
 
 QString AppDetail::name() const
 {
-    return m_app ? shownText(m_app->name) : QString();
+    return m_app ? shownLine(m_app->name) : QString();
 }
 
 QString AppDetail::meta() const

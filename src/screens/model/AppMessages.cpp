@@ -21,18 +21,18 @@ QString filesText(std::int64_t count)
 LeftoverLine leftoverLine(const ResidueRow& row)
 {
     LeftoverLine line;
-    line.place = shownText(row.loc);
-    line.path = shownText(row.p);
+    line.place = shownLine(row.loc);
+    line.path = shownLine(row.p);
     line.files = filesText(row.n);
     line.size = shownSize(row.b);
     line.spoken = line.files + QStringLiteral(", ") + line.size + QStringLiteral(". ") + line.path;
     if (row.shared) {
         const bool isKnown = row.sharedWith.has_value();
         line.tag = QStringLiteral("shared with ") +
-                   (isKnown ? shownText(*row.sharedWith) : QStringLiteral("another app"));
+                   (isKnown ? shownLine(*row.sharedWith) : QStringLiteral("another app"));
         line.kept =
             QStringLiteral("Kept: ") +
-            (isKnown ? shownText(*row.sharedWith) : QStringLiteral("another installed app")) +
+            (isKnown ? shownLine(*row.sharedWith) : QStringLiteral("another installed app")) +
             QStringLiteral(" uses this same path.");
         line.spoken += QStringLiteral(". ") + line.tag + QStringLiteral(". ") + line.kept;
     }
@@ -55,7 +55,7 @@ QString appMeta(const UninstallApp& app, const QLocale& locale)
 {
     QStringList parts;
     if (app.version) {
-        parts.push_back(QStringLiteral("Version ") + shownText(*app.version));
+        parts.push_back(QStringLiteral("Version ") + shownLine(*app.version));
     }
     if (app.installedDate) {
         parts.push_back(QStringLiteral("Installed ") + mediumDate(*app.installedDate, locale));
@@ -87,7 +87,7 @@ QString leftoverSummary(const UninstallApp& app, const Leftovers& rows)
 
 QString appSize(const UninstallApp& app)
 {
-    return app.bundleBytes ? shownSize(*app.bundleBytes) : shownText(app.size);
+    return app.bundleBytes ? shownSize(*app.bundleBytes) : shownLine(app.size);
 }
 
 QString countedApps(std::size_t count)

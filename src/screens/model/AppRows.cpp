@@ -70,7 +70,7 @@ AppRows::Rows AppRows::build() const
     Rows found;
     for (const std::shared_ptr<Listed>& listed : m_listed) {
         if (!wanted.isEmpty() && listed->form.isNull()) {
-            listed->form = searchForm(shownText(listed->app.name), locale);
+            listed->form = searchForm(shownLine(listed->app.name), locale);
         }
         if (wanted.isEmpty() || listed->form.contains(wanted)) {
             auto row = std::make_unique<Row>();
@@ -93,7 +93,7 @@ QVariant AppRows::read(const ListRow& row, int role) const
     const UninstallApp& app = static_cast<const Row&>(row).listed->app;
     switch (role) {
     case NameRole:
-        return shownText(app.name);
+        return shownLine(app.name);
     case TrailingRole:
         return appSize(app);
     case ValueRole:

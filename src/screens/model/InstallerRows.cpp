@@ -52,9 +52,9 @@ QVariant InstallerRows::read(const ListRow& listed, int role) const
     const InstallerItem& item = static_cast<const Row&>(listed).item;
     switch (role) {
     case NameRole:
-        return shownText(item.name);
+        return shownLine(item.name);
     case DescRole: // the plural is kept for one day
-        return shownText(item.src) + QStringLiteral(" · ") + QString::number(item.age) +
+        return shownLine(item.src) + QStringLiteral(" · ") + QString::number(item.age) +
                QStringLiteral(" days old");
     case TrailingRole:
         return shownSize(item.b);

@@ -57,13 +57,13 @@ QVariant PurgeRows::read(const ListRow& listed, int role) const
     const Row& row = static_cast<const Row&>(listed);
     switch (role) {
     case NameRole:
-        return shownText(row.project.p);
+        return shownLine(row.project.p);
     case DescRole:
         return desc(row.project);
     case TrailingRole:
         return row.isTickable ? shownSize(row.bytes) : QStringLiteral("Protected");
     case SpokenNameRole:
-        return shownText(row.project.artifact) + QStringLiteral(" in ") + shownText(row.project.p);
+        return shownLine(row.project.artifact) + QStringLiteral(" in ") + shownLine(row.project.p);
     case RecentRole:
         return isRecent(row.project);
     default:
@@ -79,7 +79,7 @@ bool PurgeRows::isRecent(const Project& project)
 /// The plural is kept for one day.
 QString PurgeRows::desc(const Project& project)
 {
-    const QString artifact = shownText(project.artifact);
+    const QString artifact = shownLine(project.artifact);
     const QString age = QString::number(project.age);
     return isRecent(project)
                ? artifact + QStringLiteral(" · modified ") + age + QStringLiteral(" days ago")
