@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QQmlComponent>
+#include <QQuickItem>
 #include <QScreen>
 
 #include <utility>
@@ -17,6 +18,16 @@ namespace {
 /// A click on the item takes the keys away from the panel, which closes, before it is told: it is
 /// meant to close it, and not to open it anew.
 constexpr std::chrono::milliseconds sameClick{250};
+
+/// At once, and not with the first frame: its size is wanted before.
+void layOut(QQuickItem& item)
+{
+    const QList<QQuickItem*> children = item.childItems();
+    for (QQuickItem* const child : children) {
+        layOut(*child);
+    }
+    item.ensurePolished();
+}
 
 } // namespace
 
@@ -102,16 +113,22 @@ void MenuBarExtra::toggle(const QRect& place)
 
 void MenuBarExtra::open(QQuickWindow& panel, const QRect& place)
 {
-    const QScreen* screen = QGuiApplication::screenAt(place.center());
-    if (place.isEmpty() || screen == nullptr) {
-        screen = QGuiApplication::primaryScreen();
-    }
-    panel.setPosition(
-        panelPlace(panel.size(), place, screen->geometry(), screen->availableGeometry()));
+    m_place = place;
+    putInPlace(panel);
     panel.show();
     panel.raise();
     panel.requestActivate();
     m_model.menu()->opened();
+}
+
+void MenuBarExtra::putInPlace(QQuickWindow& panel) const
+{
+    const QScreen* screen = QGuiApplication::screenAt(m_place.center());
+    if (m_place.isEmpty() || screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    panel.setPosition(
+        panelPlace(panel.size(), m_place, screen->geometry(), screen->availableGeometry()));
 }
 
 QQuickWindow* MenuBarExtra::panel()
@@ -127,6 +144,9 @@ QQuickWindow* MenuBarExtra::panel()
             return nullptr;
         }
         static_cast<void>(made.release());
+        layOut(*m_panel->contentItem());
+        // What it tells may need a line more, and it grows away from the item.
+        connect(m_panel.get(), &QWindow::heightChanged, this, [this] { putInPlace(*m_panel); });
         connect(m_panel.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
             if (!isVisible) {
                 m_closed = m_clock.steadyNow();

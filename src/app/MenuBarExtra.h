@@ -55,6 +55,7 @@ private:
     void choose(int entry);
     void toggle(const QRect& place);
     void open(QQuickWindow& panel, const QRect& place);
+    void putInPlace(QQuickWindow& panel) const;
     [[nodiscard]] QQuickWindow* panel();
 
     std::unique_ptr<TrayItem> m_item;
@@ -63,6 +64,7 @@ private:
     Clock& m_clock;
     std::vector<Deed> m_deeds; ///< of the item's entries
     std::unique_ptr<QQuickWindow> m_panel;
+    QRect m_place; ///< of the item, when it was last clicked
     std::optional<std::chrono::steady_clock::time_point> m_closed; ///< the panel, last
 };
 

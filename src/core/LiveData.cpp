@@ -299,6 +299,7 @@ QCoro::Task<> LiveData::analyze(std::optional<std::string> path)
     Analysis found = co_await m_scans.analyze(noted);
     if (self && m_analyzePath == noted) {
         m_analyzeFree = found.free;
+        m_analyzeByName = std::move(found.byName);
         m_analyze = Loadable<AnalyzeResult>::loaded(std::move(found.result));
         Q_EMIT analyzeChanged();
     }

@@ -93,6 +93,8 @@ public:
     [[nodiscard]] const Loadable<AnalyzeResult>& analysis() const { return m_analyze; }
     [[nodiscard]] const std::string& analyzePath() const { return m_analyzePath; }
     [[nodiscard]] std::int64_t analyzeFree() const { return m_analyzeFree; }
+    /// Where the entries of the result stand in it, in the order of their names.
+    [[nodiscard]] const std::vector<std::size_t>& analyzeByName() const { return m_analyzeByName; }
 
     /// Of the path, or of the last one asked for; an empty one means the well-known places.
     [[nodiscard]] QCoro::Task<> analyze(std::optional<std::string> path);
@@ -143,6 +145,7 @@ private:
     Loadable<AnalyzeResult> m_analyze;
     std::string m_analyzePath;
     std::int64_t m_analyzeFree = 0;
+    std::vector<std::size_t> m_analyzeByName;
 
     Loadable<std::vector<Category>> m_clean;
     Loadable<std::vector<Project>> m_purge;

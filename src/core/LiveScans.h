@@ -1,12 +1,14 @@
 #pragma once
 
 #include "async/Clock.h"
+#include "core/SortedRows.h"
 #include "files/Records.h"
 #include "scanners/AppInventory.h"
 #include "scanners/StorageAnalysis.h"
 
 #include <QCoroTask>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -20,6 +22,8 @@ struct Analysis
 {
     AnalyzeResult result;
     std::int64_t free = 0; ///< available bytes of the home's volume
+    /// Of the result's entries; found where the analysis is made, which is off the main thread.
+    std::vector<std::size_t> byName = placesByName(result.entries);
 };
 
 struct LiveScans

@@ -42,11 +42,6 @@ Facts factsOf(const UninstallApp& row)
     return {row.bundleBytes.value_or(0), 0, &row.name, row.path};
 }
 
-Facts factsOf(const AnalyzeEntry& row)
-{
-    return {row.size, 0, &row.name, row.path};
-}
-
 struct Place
 {
     std::int64_t rank = 0;
@@ -133,10 +128,23 @@ std::vector<UninstallApp> sortedApps(std::vector<UninstallApp> rows, SortKey key
     return sorted(std::move(rows), key, names);
 }
 
-std::vector<AnalyzeEntry> sortedEntries(std::vector<AnalyzeEntry> rows, SortKey key,
-                                        const QCollator& names)
+std::vector<std::size_t> placesByName(const std::vector<AnalyzeEntry>& entries,
+                                      const QCollator& names)
 {
-    return sorted(std::move(rows), key, names);
+    std::vector<Place> order;
+    order.reserve(entries.size());
+    for (const AnalyzeEntry& entry : entries) {
+        order.push_back(
+            {0, names.sortKey(QString::fromStdString(entry.name)), entry.path, order.size()});
+    }
+    std::stable_sort(order.begin(), order.end(), comesFirst);
+
+    std::vector<std::size_t> places;
+    places.reserve(order.size());
+    for (const Place& place : order) {
+        places.push_back(place.row);
+    }
+    return places;
 }
 
 } // namespace zolva

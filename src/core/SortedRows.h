@@ -7,6 +7,7 @@
 
 #include <QCollator>
 
+#include <cstddef>
 #include <vector>
 
 /// The rows of a list in the order of its screen. Names go by the collator's locale; what is equal
@@ -26,7 +27,10 @@ namespace zolva {
 /// By the bytes of the bundle.
 [[nodiscard]] std::vector<UninstallApp> sortedApps(std::vector<UninstallApp> rows, SortKey key,
                                                    const QCollator& names = QCollator());
-[[nodiscard]] std::vector<AnalyzeEntry> sortedEntries(std::vector<AnalyzeEntry> rows, SortKey key,
-                                                      const QCollator& names = QCollator());
+
+/// Where the entries of an analysis, which may be very many, stand in it, in the order of their
+/// names. It takes its time; any thread.
+[[nodiscard]] std::vector<std::size_t> placesByName(const std::vector<AnalyzeEntry>& entries,
+                                                    const QCollator& names = QCollator());
 
 } // namespace zolva

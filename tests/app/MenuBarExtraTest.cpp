@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QScreen>
 
 #include <chrono>
 #include <memory>
@@ -46,6 +47,7 @@ class Extra : public WholeModel
 protected:
     Extra()
     {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         engine.addImportPath(QStringLiteral("qrc:/qml"));
         begin();
     }
@@ -119,7 +121,8 @@ TEST_F(Extra, MakesThePanelAheadAWhileAfterTheItemCameInSight)
     clock.advance(panelDelay - milliseconds(1));
     EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
     clock.advance(milliseconds(1));
-    EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 1);
+    ASSERT_EQ(QGuiApplication::topLevelWindows().size(), 1);
+    EXPECT_GT(QGuiApplication::topLevelWindows().front()->height(), 400) << "before any frame";
     EXPECT_TRUE(panels().empty());
     EXPECT_EQ(installers.count(), 0U);
 }
@@ -159,6 +162,18 @@ TEST_F(Extra, PanelStandsBesideTheItem)
     click({500, 10, 1, 1});
     ASSERT_EQ(panels().size(), 1U);
     EXPECT_EQ(panels().front()->position(), QPoint(500 - 160, 17));
+}
+
+TEST_F(Extra, PanelAboveItsItemGrowsUpwards)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    click({500, screen.bottom() - 20, 1, 1});
+    ASSERT_EQ(panels().size(), 1U);
+    QWindow& panel = *panels().front();
+    const int end = panel.y() + panel.height();
+    panel.setHeight(panel.height() + 14);
+    pumpOnce();
+    EXPECT_EQ(panel.y() + panel.height(), end);
 }
 
 TEST_F(Extra, PanelIsGoneWhenTheWindowIsWanted)

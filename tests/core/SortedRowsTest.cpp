@@ -142,16 +142,20 @@ TEST(SortedRows, AnApplicationWithoutASizeComesLast)
     EXPECT_EQ(rows[0].path, known.path);
 }
 
-TEST(SortedRows, AnEntryKeepsAllThatItIs)
+TEST(SortedRows, EntriesStayWhereTheyAreAndTheirPlacesAreToldByName)
 {
-    AnalyzeEntry folder{"b", "/b", 3, true, std::nullopt};
-    AnalyzeEntry file{"a", "/a", 9, false, std::nullopt};
-    const std::vector<AnalyzeEntry> rows =
-        sortedEntries({folder, file}, SortKey::SizeAsc, english());
-    EXPECT_EQ(rows[0].name, "b");
-    EXPECT_TRUE(rows[0].isDir);
-    EXPECT_EQ(rows[1].size, 9);
-    EXPECT_TRUE(sortedEntries({}, SortKey::NameAsc, english()).empty());
+    const std::vector<AnalyzeEntry> entries = {{"b", "/b", 9, true, std::nullopt},
+                                               {"C", "/C", 5, false, std::nullopt},
+                                               {"a", "/a", 3, false, std::nullopt}};
+    EXPECT_EQ(placesByName(entries, english()), (std::vector<std::size_t>{2, 0, 1}));
+    EXPECT_TRUE(placesByName({}, english()).empty());
+}
+
+TEST(SortedRows, EntriesOfOneNameGoByTheirPath)
+{
+    const std::vector<AnalyzeEntry> entries = {{"a", "/2/a", 9, true, std::nullopt},
+                                               {"a", "/1/a", 5, false, std::nullopt}};
+    EXPECT_EQ(placesByName(entries, english()), (std::vector<std::size_t>{1, 0}));
 }
 
 } // namespace zolva

@@ -56,6 +56,7 @@ class Settings(SettingsCase):
         self.start()
         self.go("Settings")
         self.assertIn("checked", self.button("Dark").states)
+        self.assertIn("checked", self.button(KEEP, KEPT).states)
 
     def test_the_interval_is_that_of_the_next_readings(self):
         self.start()
@@ -96,6 +97,10 @@ class Settings(SettingsCase):
         opened = self.opener()
         self.start()
         self.go("Settings")
+        # What is scrolled away is not there for a reader before the keyboard comes to it.
+        self.button("Ask with Touch ID when a path needs sudo").focus()
+        self.wait_focus("Ask with Touch ID when a path needs sudo")
+        self.bus.type_key("Tab")
         self.button("View source").press()
         self.wait(lambda: self.read(opened).startswith("https://"), "a page")
         self.button("License").press()

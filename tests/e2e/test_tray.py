@@ -209,6 +209,9 @@ class LateTray(WindowCase):
 
 
 class QuittingARun(RunCase):
+    """Slow enough to go round by the panel."""
+
+    delay_ms = 2000
 
     def test_quit_in_the_panel_asks_in_the_window_while_a_run_is_going(self):
         tray = Tray(self.world, self.bus)
@@ -222,7 +225,7 @@ class QuittingARun(RunCase):
         self.button("Quit Zolva", inside=panel).press()
         self.wait(self.window, "the window")
         alert = self.dialog(QUIT_TITLE)
-        self.assertIsNotNone(self.step())
+        self.wait(self.step, "the run, still going")
         self.button("Stop and Quit", inside=alert).press()
         self.assert_ends()
         self.assertLess(self.assert_first_were_moved(), len(self.going))

@@ -2,6 +2,7 @@
 
 #include "async/Unawaited.h"
 #include "core/WholeModel.h"
+#include "files/PathText.h"
 
 #include "support/qt/EventLoop.h"
 
@@ -10,7 +11,9 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zolva::test {
@@ -84,6 +87,24 @@ protected:
     {
         m.scanInstallers();
         installers.answer(installers.count() - 1, std::move(found));
+    }
+    static AnalyzeEntry entry(const std::string& where, std::int64_t bytes, bool isDir = true)
+    {
+        return {lastComponent(where), where, bytes, isDir, std::nullopt};
+    }
+    static LargeFile file(const std::string& where, std::int64_t bytes)
+    {
+        return {lastComponent(where), where, bytes};
+    }
+    /// The newest analysis that was asked for ends.
+    void found(AnalyzeResult result)
+    {
+        held.analyze.answer(held.analyze.count() - 1, Analysis{std::move(result)});
+    }
+    void analyzed(AppModel& m, AnalyzeResult result)
+    {
+        unawaited(m.live().analyze(result.path));
+        found(std::move(result));
     }
     static UninstallApp appOf(const std::string& name, std::int64_t bytes)
     {

@@ -32,7 +32,7 @@ protected:
         return one;
     }
     void read(double cpu, double memory = 50) const { script.newest()->send(sample(cpu, memory)); }
-    void read(int times, double cpu) const
+    void readTimes(int times, double cpu) const
     {
         for (; times > 0; --times) {
             read(cpu);
@@ -294,11 +294,11 @@ TEST_F(TheStatusScreen, FiveSamplesOfAHundredWarnOnceAndNotWithEverySample)
     m.settings().setThreshold(99);
     StatusModel page(m);
     page.appear();
-    read(4, 100);
+    readTimes(4, 100);
     EXPECT_EQ(warnings(m), Texts{});
-    read(1, 100);
+    readTimes(1, 100);
     EXPECT_EQ(warnings(m), Texts{warning(99)});
-    read(30, 100);
+    readTimes(30, 100);
     EXPECT_EQ(warnings(m), Texts{warning(99)});
     EXPECT_EQ(m.toasts().toasts().front().kind, BannerKind::Warning);
     EXPECT_EQ(m.toasts().toasts().front().actionTitle, "Adjust threshold");
@@ -309,7 +309,7 @@ TEST_F(TheStatusScreen, ASingleSampleWarnsOfNothing)
     AppModel& m = ready();
     StatusModel page(m);
     page.appear();
-    read(1, 100);
+    readTimes(1, 100);
     EXPECT_EQ(warnings(m), Texts{});
 }
 
@@ -319,7 +319,7 @@ TEST_F(TheStatusScreen, TheWarningLeadsToTheSettings)
     StatusModel page(m);
     m.go("status");
     page.appear();
-    read(5, 100);
+    readTimes(5, 100);
     m.toasts().runAction(m.toasts().toasts().front().id);
     EXPECT_EQ(m.screen(), "settings");
 }
@@ -329,10 +329,10 @@ TEST_F(TheStatusScreen, TheEndOfTheLoadIsNotToldAndTheNextOneIsAgain)
     AppModel& m = ready();
     StatusModel page(m);
     page.appear();
-    read(5, 100);
-    read(40, 0);
+    readTimes(5, 100);
+    readTimes(40, 0);
     EXPECT_EQ(warnings(m).size(), 1U);
-    read(40, 100);
+    readTimes(40, 100);
     EXPECT_EQ(warnings(m).size(), 2U);
 }
 
@@ -341,11 +341,11 @@ TEST_F(TheStatusScreen, ALoadThatStoodWhenItWasLeftIsNotWarnedOfOnReturning)
     AppModel& m = ready();
     StatusModel page(m);
     page.appear();
-    read(5, 100);
+    readTimes(5, 100);
     page.leave();
     clock.advance(toastLife);
     page.appear();
-    read(5, 100);
+    readTimes(5, 100);
     EXPECT_EQ(warnings(m), Texts{});
 }
 
@@ -354,12 +354,12 @@ TEST_F(TheStatusScreen, ALoadThatStandsOnComingIsNotWarnedOf)
     AppModel& m = ready();
     StatusModel page(m);
     page.appear();
-    read(5, 70);
+    readTimes(5, 70);
     page.leave();
     m.settings().setThreshold(60);
     EXPECT_EQ(warnings(m), Texts{});
     page.appear();
-    read(1, 70);
+    readTimes(1, 70);
     EXPECT_EQ(warnings(m), Texts{});
 }
 
@@ -368,7 +368,7 @@ TEST_F(TheStatusScreen, NobodyIsWarnedWhileAnotherScreenIsOnDisplay)
     AppModel& m = ready();
     const StatusModel page(m);
     m.live().retainStatus();
-    read(20, 100);
+    readTimes(20, 100);
     EXPECT_EQ(warnings(m), Texts{});
 }
 

@@ -26,6 +26,7 @@ ScreenCase {
         fixture.projects(5);
         fixture.installers(4);
         fixture.apps(5);
+        fixture.analysis("/home/ada", 12);
     }
 
     function pageOf(screen) {

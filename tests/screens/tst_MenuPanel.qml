@@ -307,8 +307,14 @@ ScreenCase {
         });
         verify(window);
         compare([window.visible, window.width], [false, 320]);
-        verify(window.height > 400);
         verify(window.flags & Qt.FramelessWindowHint);
+        window.show();
+        tryVerify(() => window.height > 400);
+        window.dismiss();
         window.destroy();
+        wait(0);
+        // The next test's keys go to the window that is active.
+        tests.Window.window.requestActivate();
+        tryVerify(() => tests.Window.active);
     }
 }

@@ -54,7 +54,7 @@ std::string ownIcons()
 
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, std::string iconFolder,
+StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, const std::string& iconFolder,
                                        QObject* parent)
     : TrayItem(parent), m_bus(bus),
       m_watcher(watcherName, m_bus, QDBusServiceWatcher::WatchForOwnerChange),

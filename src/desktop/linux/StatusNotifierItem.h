@@ -22,7 +22,7 @@ class StatusNotifierItem final : public TrayItem
 
 public:
     /// The folder of pictures is the program's own and may be empty.
-    StatusNotifierItem(const QDBusConnection& bus, std::string iconFolder,
+    StatusNotifierItem(const QDBusConnection& bus, const std::string& iconFolder,
                        QObject* parent = nullptr);
     ~StatusNotifierItem() override;
 

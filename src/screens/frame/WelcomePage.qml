@@ -12,6 +12,7 @@ FocusScope {
     property string message
     property string icon
     property bool scanning: false
+    property Component trailing: null
 
     signal scan
 
@@ -20,6 +21,7 @@ FocusScope {
 
         subtitle: page.subtitle
         title: page.title
+        trailing: page.trailing
         width: page.width
     }
 

@@ -57,20 +57,10 @@ FocusScope {
         onRescan: page.list.rescan()
     }
 
-    // One for all rows, and over them: a button that has hover handlers swallows the presses of
-    // every mouse button in Qt 6.4.
-    MouseArea {
-        acceptedButtons: Qt.RightButton
-        anchors.fill: parent
-        parent: scroll.listView
+    RowTap {
+        view: scroll.listView
 
-        onClicked: event => {
-            const view = scroll.listView;
-            const at = mapToItem(view.contentItem, event.x, event.y);
-            const row = view.itemAt(at.x, at.y) as ListRow;
-            if (row)
-                page.menuWanted(row, Qt.point(at.x - row.x, at.y - row.y));
-        }
+        onMenuWanted: (row, at) => page.menuWanted(row, at)
     }
 
     RowsCard {

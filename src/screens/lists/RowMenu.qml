@@ -7,20 +7,22 @@ import Zolva.Lists
 PopupMenu {
     id: menu
 
-    /// Of the row: what can be done is done with that.
+    /// Of the row, which has no key in some lists: what can be done is done with these.
     property string rowId
-    property TickRow row: null
+    property int place: -1
+    property ListRow row: null
     /// The keyboard was on the row, and goes back there.
     property bool hadFocus: false
     /// It does not outlive the page, nor stand over what covers it.
     readonly property bool isPossible: parent?.enabled && parent.visible
 
-    function openFor(wanted: TickRow, at: point) {
+    function openFor(wanted: ListRow, at: point) {
         row = wanted;
-        rowId = wanted.rowId;
+        rowId = (wanted as TickRow)?.rowId ?? "";
+        place = wanted.index;
         hadFocus = wanted.activeFocus;
-        const place = wanted.mapToItem(parent, at);
-        popup(place.x, place.y);
+        const there = wanted.mapToItem(parent, at);
+        popup(there.x, there.y);
     }
 
     onIsPossibleChanged: {

@@ -36,9 +36,11 @@ ColumnLayout {
 
     Label {
         Layout.leftMargin: 16
+        Layout.preferredHeight: total.implicitHeight
         color: Theme.palette.label2
         size: 13
         text: "Scanning…"
+        verticalAlignment: Text.AlignVCenter
         visible: block.panel.scanning
     }
 

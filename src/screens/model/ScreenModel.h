@@ -3,6 +3,7 @@
 #include "core/AppModel.h"
 
 #include "screens/model/AccessModel.h"
+#include "screens/model/AnalyzeModel.h"
 #include "screens/model/BulkModel.h"
 #include "screens/model/CleanModel.h"
 #include "screens/model/ConfirmModel.h"
@@ -40,6 +41,7 @@ class ScreenModel final : public QObject
     Q_PROPERTY(zolva::PurgeModel* purge READ purge CONSTANT)
     Q_PROPERTY(zolva::InstallerModel* installer READ installer CONSTANT)
     Q_PROPERTY(zolva::UninstallModel* uninstall READ uninstall CONSTANT)
+    Q_PROPERTY(zolva::AnalyzeModel* analyze READ analyze CONSTANT)
     Q_PROPERTY(zolva::StatusModel* status READ status CONSTANT)
     Q_PROPERTY(zolva::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(zolva::ConfirmModel* confirm READ confirm CONSTANT)
@@ -63,6 +65,7 @@ public:
     [[nodiscard]] PurgeModel* purge() { return &m_purge; }
     [[nodiscard]] InstallerModel* installer() { return &m_installer; }
     [[nodiscard]] UninstallModel* uninstall() { return &m_uninstall; }
+    [[nodiscard]] AnalyzeModel* analyze() { return &m_analyze; }
     [[nodiscard]] StatusModel* status() { return &m_status; }
     [[nodiscard]] SettingsModel* settings() { return &m_settings; }
     [[nodiscard]] ConfirmModel* confirm() { return &m_confirm; }
@@ -89,6 +92,7 @@ private:
     PurgeModel m_purge;
     InstallerModel m_installer;
     UninstallModel m_uninstall;
+    AnalyzeModel m_analyze;
     StatusModel m_status;
     SettingsModel m_settings;
     ConfirmModel m_confirm;

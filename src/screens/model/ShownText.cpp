@@ -10,6 +10,11 @@ QString shownText(std::string_view bytes)
     return QString::fromStdString(displayText(bytes));
 }
 
+QString shownLine(std::string_view bytes)
+{
+    return QString::fromStdString(displayLine(bytes));
+}
+
 QString shownSize(std::int64_t bytes)
 {
     return QString::fromStdString(sizeText(bytes));

@@ -81,7 +81,7 @@ QVariant StatusTileRows::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> StatusTileRows::roleNames() const
 {
     return {{LabelRole, "label"},
-            {ValueRole, "value"},
+            {ValueRole, "figure"},
             {UnitRole, "unit"},
             {SubRole, "sub"},
             {SpokenRole, "spoken"}};

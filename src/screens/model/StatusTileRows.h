@@ -18,7 +18,7 @@ public:
     enum Role
     {
         LabelRole = Qt::UserRole + 1, ///< "label"
-        ValueRole,                    ///< "value"
+        ValueRole,                    ///< "figure"
         UnitRole,                     ///< "unit"
         SubRole,                      ///< "sub"
         SpokenRole,                   ///< "spoken": what a screen reader says to the label

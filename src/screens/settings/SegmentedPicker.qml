@@ -46,6 +46,9 @@ Rectangle {
 
                 Accessible.checkable: true
                 Accessible.checked: isCurrent
+                // The toolkit puts its own in their place as soon as somebody listens.
+                Accessible.onCheckableChanged: Accessible.checkable = true
+                Accessible.onCheckedChanged: Accessible.checked = Qt.binding(() => segment.isCurrent)
                 // What has the focus cannot give that up.
                 activeFocusOnTab: isCurrent || activeFocus
                 height: picker.height - 4

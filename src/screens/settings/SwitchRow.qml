@@ -15,6 +15,9 @@ PointerButton {
 
     Accessible.checkable: true
     Accessible.checked: on
+    // The toolkit puts its own in their place as soon as somebody listens.
+    Accessible.onCheckableChanged: Accessible.checkable = true
+    Accessible.onCheckedChanged: Accessible.checked = Qt.binding(() => row.on)
     Layout.fillWidth: true
     implicitHeight: words.implicitHeight + 28
     ringInset: 4

@@ -13,6 +13,7 @@ Card {
     readonly property string title: "Last 60 seconds"
 
     Accessible.description: status.chartSpoken
+    Accessible.focusable: false
     Accessible.name: title
     Accessible.role: Accessible.Chart
     implicitHeight: column.implicitHeight + 40

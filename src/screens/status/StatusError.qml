@@ -11,6 +11,7 @@ Card {
 
     required property StatusModel status
 
+    Accessible.focusable: false
     Accessible.name: status.error
     Accessible.role: Accessible.AlertMessage
     implicitHeight: row.implicitHeight + 30

@@ -9,7 +9,8 @@ Card {
     id: tile
 
     required property string label
-    required property string value
+    // Not "value": the toolkit would tell of that one by itself.
+    required property string figure
     required property string unit
     required property string sub
     required property string spoken
@@ -17,6 +18,7 @@ Card {
     readonly property bool isStacked: value.width + 5 + unit.implicitWidth > column.width
 
     Accessible.description: spoken
+    Accessible.focusable: false
     Accessible.name: label
     Accessible.role: Accessible.StaticText
     implicitHeight: column.implicitHeight + 40
@@ -48,7 +50,7 @@ Card {
                 Accessible.ignored: true
                 Accessible.name: ""
                 size: 28
-                text: tile.value
+                text: tile.figure
                 tracking: -0.5
                 weight: Font.Bold
             }

@@ -32,7 +32,7 @@ Item {
         id: panels
 
         MenuBarView {
-            width: implicitWidth
+            anchors.fill: parent
         }
     }
 
@@ -502,6 +502,41 @@ Item {
         fixture.addToast("info", "Stopped. 3 items already removed, 2 left alone.");
         fixture.addToast("success", "Moved 10.42 GB to the Trash", "Open Trash");
         fixture.addToast("warning", "Skipped 4 items: 4 paths couldn't be removed");
+    }
+
+    AnalyzeShots {
+        id: places
+
+        fixture: stage.fixture
+    }
+
+    function analyzeWelcome() {
+        fixture.model.go("analyze");
+    }
+
+    function analyzeScanning() {
+        places.walk();
+    }
+
+    function analyzeOverview() {
+        places.overview();
+    }
+
+    function analyzeFolder() {
+        places.folder();
+    }
+
+    function analyzeTrashed() {
+        places.folder();
+        fixture.model.analyze.moveFile(0);
+    }
+
+    function analyzeDeep() {
+        places.deep();
+    }
+
+    function analyzeEmpty() {
+        places.empty();
     }
 
     function intro() {

@@ -98,6 +98,10 @@ public:
         noteInto(calls, "access settings opened", all.doors.accessSettings);
         noteInto(calls, "log folder opened", all.doors.logFolder);
         noteInto(calls, "Trash opened", all.doors.trash);
+        all.scans.analyze = [this, inner = std::move(all.scans.analyze)](std::string path) {
+            calls.push_back(QStringLiteral("analyze ") + QString::fromStdString(path));
+            return inner(std::move(path));
+        };
         noteInto(calls, "update check", all.updates.check);
         noteInto(calls, "license opened", all.doors.toolLicense);
         all.disk.space = [this] { return space; };
@@ -252,6 +256,28 @@ void Fixture::takeApps(std::vector<UninstallApp> rows)
     }
     beginAppsScan();
     finishAppsScan();
+}
+
+void Fixture::setAnalysis(const QVariantMap& result)
+{
+    unawaited(app().live().analyze(result.value(QStringLiteral("path")).toString().toStdString()));
+    finishAnalysis(result);
+}
+
+void Fixture::analysis(const QString& path, int count)
+{
+    unawaited(app().live().analyze(path.toStdString()));
+    finish(m_world->fakes.held.analyze, Analysis{manyEntries(path.toStdString(), count)},
+           "an analysis");
+}
+
+void Fixture::finishAnalysis(const QVariantMap& result)
+{
+    AnalyzeResult found = analysisFrom(result);
+    for (const LargeFile& file : found.largeFiles) {
+        disk().put(file.path, file.size);
+    }
+    finish(m_world->fakes.held.analyze, Analysis{std::move(found)}, "an analysis");
 }
 
 void Fixture::beginCleanScan()

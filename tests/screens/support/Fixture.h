@@ -28,9 +28,9 @@ class Fixture : public QObject
     QML_ELEMENT
     Q_PROPERTY(zolva::ScreenModel* model READ model CONSTANT)
     /// What the model was asked to do on the outside: in order "clean scan", "purge scan",
-    /// "installer scan", "apps read", "access settings opened", "log folder opened", "Trash
-    /// opened", "update check", "page ADDRESS", "revealed PATH", "license opened" and
-    /// "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
+    /// "installer scan", "apps read", "analyze PATH", "access settings opened", "log folder
+    /// opened", "Trash opened", "update check", "page ADDRESS", "revealed PATH", "license opened"
+    /// and "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
@@ -66,6 +66,14 @@ public:
     Q_INVOKABLE void setApps(const QVariantList& rows);
     /// "/Applications/App 1.app" …
     Q_INVOKABLE void apps(int count);
+
+    /// `{path, entries: [{name, path, size, isDir}], largeFiles: [{name, path, size}], totalSize,
+    /// totalFiles}`; names that are left out are the last parts of the paths, and totals the sums.
+    Q_INVOKABLE void setAnalysis(const QVariantMap& result);
+    /// "folder 1" … below the path, of 1 MB for each rank from below.
+    Q_INVOKABLE void analysis(const QString& path, int count);
+    /// What the newest analysis finds that is under way.
+    Q_INVOKABLE void finishAnalysis(const QVariantMap& result);
 
     // A scan in its two parts. The second one ends the newest scan, by whomever it was begun, with
     // the rows that were set last; without any under way it throws.

@@ -1,8 +1,11 @@
 #include "Rows.h"
 
+#include "files/PathText.h"
+
 #include <QDateTime>
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 namespace zolva::test {
@@ -55,6 +58,13 @@ CatPath pathFrom(const QVariantMap& row)
     path.prot = flag(row, "prot");
     path.sudo = flag(row, "sudo");
     return path;
+}
+
+/// What stands there is called as its path ends, unless it is called otherwise.
+std::string nameOf(const QVariantMap& row)
+{
+    const std::string name = text(row, "name");
+    return name.empty() ? lastComponent(text(row, "path")) : name;
 }
 
 } // namespace
@@ -210,6 +220,48 @@ std::vector<UninstallApp> manyApps(int count)
         made.bundleBytes = bytes;
         return made;
     });
+}
+
+AnalyzeResult analysisFrom(const QVariantMap& result)
+{
+    AnalyzeResult all;
+    all.path = text(result, "path");
+    all.overview = all.path.empty();
+    all.entries = allOf<AnalyzeEntry>(
+        result.value(QStringLiteral("entries")).toList(), [](const QVariantMap& row) {
+            return AnalyzeEntry{nameOf(row), text(row, "path"), number(row, "size"),
+                                flag(row, "isDir"), std::nullopt};
+        });
+    all.largeFiles = allOf<LargeFile>(
+        result.value(QStringLiteral("largeFiles")).toList(), [](const QVariantMap& row) {
+            return LargeFile{nameOf(row), text(row, "path"), number(row, "size")};
+        });
+    for (const AnalyzeEntry& entry : all.entries) {
+        all.totalSize += entry.size;
+        ++all.totalFiles;
+    }
+    if (result.contains(QStringLiteral("totalSize"))) {
+        all.totalSize = number(result, "totalSize");
+    }
+    if (result.contains(QStringLiteral("totalFiles"))) {
+        all.totalFiles = number(result, "totalFiles");
+    }
+    return all;
+}
+
+AnalyzeResult manyEntries(const std::string& path, int count)
+{
+    AnalyzeResult all;
+    all.path = path;
+    all.entries = many<AnalyzeEntry>(count, [&path](const std::string& number, std::int64_t size) {
+        return AnalyzeEntry{"folder " + number, path + "/folder " + number, size, true,
+                            std::nullopt};
+    });
+    for (const AnalyzeEntry& entry : all.entries) {
+        all.totalSize += entry.size;
+    }
+    all.totalFiles = count;
+    return all;
 }
 
 } // namespace zolva::test
