@@ -16,7 +16,7 @@ struct Sentence
 constexpr auto noConnection = "The update server could not be reached.";
 constexpr auto lost = "The connection to the update server was lost.";
 
-constexpr std::array<Sentence, 11> sentences = {{
+constexpr std::array<Sentence, 12> sentences = {{
     {QNetworkReply::HostNotFoundError, "The update server was not found. Is there a network?"},
     {QNetworkReply::ConnectionRefusedError, noConnection},
     {QNetworkReply::NetworkSessionFailedError, noConnection},
@@ -27,6 +27,7 @@ constexpr std::array<Sentence, 11> sentences = {{
     {QNetworkReply::OperationCanceledError, feedwords::stopped},
     {QNetworkReply::SslHandshakeFailedError, "The update server could not prove who it is."},
     {QNetworkReply::InsecureRedirectError, feedwords::insecure},
+    {QNetworkReply::ProtocolUnknownError, feedwords::insecure}, // sent on to where no web is
     {QNetworkReply::TooManyRedirectsError, "The update server sends the check in circles."},
 }};
 

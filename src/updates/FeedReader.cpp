@@ -43,7 +43,10 @@ QNetworkRequest requestFor(const QUrl& address, const QSslConfiguration& tls)
 bool isStatusAlone(const QNetworkReply& reply)
 {
     constexpr int firstOfStatus = QNetworkReply::ContentAccessDenied;
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid() &&
+    constexpr int firstThatIsAnError = 400;
+    // A body that broke off, or a way on that cannot be gone, comes with a status that is none.
+    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >=
+               firstThatIsAnError &&
            reply.error() >= firstOfStatus;
 }
 

@@ -48,6 +48,11 @@ TEST(SettingsMessages, TheNoticeTellsTheChangeAndWhereTheSourceIs)
               "available from the source link.");
 }
 
+TEST(SettingsMessages, TheSourceOfAnUnknownVersionIsThePageThatTheBuildWasGiven)
+{
+    EXPECT_EQ(toolPage({}), ZOLVA_TOOL_PAGE);
+}
+
 TEST(SettingsMessages, TheSourceIsThatOfTheVeryVersion)
 {
     const std::string page = toolPage({});

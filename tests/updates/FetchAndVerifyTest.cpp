@@ -166,6 +166,16 @@ TEST_F(Feed, IsNotFollowedToAnInsecureAddress)
     EXPECT_EQ(server.requested, QStringList{path});
 }
 
+TEST_F(Feed, IsNotFollowedToWhatIsNoWebAddress)
+{
+    for (const char* elsewhere : {"file:///etc/passwd", "ftp://127.0.0.1/feed.json", "data:,x"}) {
+        server.requested.clear();
+        server.redirect(path, QUrl(QString::fromLatin1(elsewhere)));
+        EXPECT_EQ(check(), failure("The update address is not a secure one.")) << elsewhere;
+        EXPECT_EQ(server.requested, QStringList{path}) << elsewhere;
+    }
+}
+
 TEST_F(Feed, IsNotFollowedInCircles)
 {
     server.redirect(path, server.url(path));

@@ -66,6 +66,18 @@ TEST_F(SignManifest, KeepsTheSecretKeyFromOthersAndNeverOverwritesOne)
     EXPECT_EQ(content("key"), before);
 }
 
+TEST_F(SignManifest, LeavesNoPieceOfAKeyWhereThereIsNoRoomForIt)
+{
+    const Outcome full = ChildRun({"-c", "trap '' XFSZ; ulimit -f 0; exec \"$0\" key \"$1\"",
+                                   SIGN_MANIFEST, tree.path("key")})
+                             .program("/bin/sh")
+                             .home(tree.root())
+                             .run();
+    EXPECT_EQ(full.code, 1);
+    EXPECT_EQ(full.out, "");
+    EXPECT_FALSE(std::filesystem::exists(tree.path("key")));
+}
+
 TEST_F(SignManifest, MakesAnotherKeyEachTime)
 {
     EXPECT_NE(madeKey(), run({"key", tree.path("second")}).out);

@@ -57,6 +57,7 @@ std::error_code writeSecret(const std::string& path, const std::string& bytes)
     }
     if (::write(file.get(), bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()) ||
         ::fsync(file.get()) != 0) {
+        ::unlink(path.c_str()); // a piece of a key, made just now, which would stand in the way
         return std::make_error_code(std::errc::io_error);
     }
     return {};

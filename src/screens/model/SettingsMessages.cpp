@@ -9,7 +9,7 @@ namespace zolva {
 
 namespace {
 
-constexpr auto projectPage = "https://example.org/mole";
+constexpr auto projectPage = ZOLVA_TOOL_PAGE;
 
 QString versionText(const ToolVersion& version)
 {
