@@ -149,6 +149,7 @@ void AppRows::followFocus()
             tell(static_cast<std::size_t>(row), static_cast<std::size_t>(row), {InFocusRole});
         }
     }
+    Q_EMIT focusChanged();
 }
 
 } // namespace zolva

@@ -8,20 +8,20 @@ T.TextField {
     id: field
 
     property string query
+    // The toolkit's own would be spoken a second time.
+    readonly property string prompt: "Search"
 
     signal searched(text: string)
     /// On to what was found.
     signal finished
 
-    Accessible.name: placeholderText
+    Accessible.name: prompt
     Accessible.role: Accessible.EditableText
     color: Theme.palette.label
     font: Face.text(12.5)
     implicitHeight: 30
     implicitWidth: 180
     leftPadding: 28
-    placeholderText: "Search"
-    placeholderTextColor: Theme.palette.label3
     renderType: Text.NativeRendering
     rightPadding: 10
     selectByMouse: true
@@ -54,12 +54,12 @@ T.TextField {
     Label {
         Accessible.ignored: true
         anchors.fill: parent
-        color: field.placeholderTextColor
+        color: Theme.palette.label3
         elide: Text.ElideRight
         font: field.font
         leftPadding: field.leftPadding
         rightPadding: field.rightPadding
-        text: field.placeholderText
+        text: field.prompt
         verticalAlignment: Text.AlignVCenter
         visible: field.length === 0 && field.preeditText === ""
     }
