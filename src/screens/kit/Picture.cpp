@@ -10,13 +10,6 @@ Picture::Picture(QQuickItem* parent) : QQuickItem(parent)
     setFlag(ItemHasContents);
 }
 
-void Picture::redraw()
-{
-    polish();
-    // Now: to ask for it while the frame is being made would make another one.
-    update();
-}
-
 void Picture::componentComplete()
 {
     QQuickItem::componentComplete();
@@ -31,6 +24,7 @@ void Picture::updatePolish()
     if (drawn.image.cacheKey() != m_drawn.image.cacheKey())
         m_isNew = true;
     m_drawn = std::move(drawn);
+    update();
 }
 
 QSGNode* Picture::updatePaintNode(QSGNode* old, UpdatePaintNodeData* /*data*/)

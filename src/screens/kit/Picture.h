@@ -27,7 +27,7 @@ protected:
     /// `ratio`: device pixels to a logical one. A null image draws nothing.
     [[nodiscard]] virtual Drawn draw(qreal ratio) = 0;
 
-    void redraw(); ///< what the picture shows has changed
+    void redraw() { polish(); } ///< what the picture shows has changed
 
     void componentComplete() override;
     void updatePolish() override;

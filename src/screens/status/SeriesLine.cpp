@@ -23,7 +23,7 @@ void SeriesLine::setValues(const QList<qreal>& values)
     if (m_values == values)
         return;
     m_values = values;
-    redraw();
+    redrawSoon();
     Q_EMIT valuesChanged();
 }
 
@@ -32,8 +32,15 @@ void SeriesLine::setColor(const QColor& color)
     if (m_color == color)
         return;
     m_color = color;
-    redraw();
+    redrawSoon();
     Q_EMIT colorChanged();
+}
+
+void SeriesLine::redrawSoon()
+{
+    redraw();
+    // Asked for only while the frame is being made, it would take another one.
+    update();
 }
 
 QPointF SeriesLine::pointOf(qsizetype place) const

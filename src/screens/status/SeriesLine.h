@@ -35,6 +35,7 @@ protected:
     [[nodiscard]] Drawn draw(qreal ratio) override;
 
 private:
+    void redrawSoon();
     [[nodiscard]] QPointF pointOf(qsizetype place) const;
 
     QList<qreal> m_values;
