@@ -1,4 +1,4 @@
-pragma ComponentBehavior: Bound
+// Not bound: the loaders of Qt 6.4 refuse bound components.
 import QtQuick
 import Zolva.Kit
 
