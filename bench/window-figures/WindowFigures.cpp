@@ -6,22 +6,20 @@
 //   window-figures analyze-gap           the event loop with a hundred thousand entries
 //   window-figures idle SECONDS STATE    STATE is visible, status (that screen, with a reading each
 //                                        second), minimised or hidden
-//   window-figures scroll                through ten thousand rows
+//   window-figures lists                 with ten thousand rows each
 //
 // In the home, and on the display and the bus, of the environment.
 
-#include "FrameMeter.h"
+#include "LongListFigures.h"
+#include "WindowStage.h"
 #include "app/DrawingChoice.h"
-#include "app/MotionWishes.h"
 #include "app/ZolvaApp.h"
 #include "async/Background.h"
-#include "core/SystemPrefsStore.h"
 #include "desktop/SingleInstance.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QGuiApplication>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
 
@@ -31,7 +29,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -43,40 +40,6 @@ namespace {
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-/// In a loop of its own: what is to be deleted later goes only there.
-void turnUntil(const std::function<bool()>& holds)
-{
-    QEventLoop loop;
-    QTimer look;
-    look.setInterval(1);
-    QObject::connect(&look, &QTimer::timeout, &loop, [&loop, &holds] {
-        if (holds()) {
-            loop.quit();
-        }
-    });
-    look.start();
-    loop.exec();
-}
-
-void turnFor(int ms)
-{
-    QEventLoop loop;
-    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-QQuickWindow& shownWindow()
-{
-    const auto windows = QGuiApplication::topLevelWindows();
-    for (QWindow* const window : windows) {
-        if (auto* const found = qobject_cast<QQuickWindow*>(window)) {
-            return *found;
-        }
-    }
-    std::fprintf(stderr, "window-figures: there is no window\n");
-    std::exit(1);
-}
-
 ScreenModel& modelOf(const QQuickWindow& window)
 {
     auto* const model = window.property("model").value<ScreenModel*>();
@@ -85,26 +48,6 @@ ScreenModel& modelOf(const QQuickWindow& window)
         std::exit(1);
     }
     return *model;
-}
-
-void turnUntilDrawn(QQuickWindow& window)
-{
-    QEventLoop loop;
-    QObject::connect(&window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
-    window.update();
-    loop.exec();
-}
-
-/// Kilobytes of memory that are this process's share.
-long sharedOut()
-{
-    std::ifstream rollup("/proc/self/smaps_rollup");
-    for (std::string line; std::getline(rollup, line);) {
-        if (line.starts_with("Pss:")) {
-            return std::strtol(line.c_str() + 4, nullptr, 10);
-        }
-    }
-    return -1;
 }
 
 void scanAll(ScreenModel& model)
@@ -236,18 +179,11 @@ Analysis manyEntries(const std::string& path)
 
 int analyzeGap()
 {
-    SystemClock clock;
-    const auto prefs = systemPrefsStore();
-    AppDependencies all = liveDependencies(clock, *prefs);
-    all.scans.analyze = [](const std::string& path) { return background(manyEntries, path); };
-    AppModel app(std::move(all));
-    ScreenModel model(app, clock);
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qml"));
-    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qml/Zolva/Root/MainWindow.qml")));
-    QQuickWindow& window = shownWindow();
-    window.show();
+    WindowStage stage([](AppDependencies& all) {
+        all.scans.analyze = [](const std::string& path) { return background(manyEntries, path); };
+    });
+    QQuickWindow& window = stage.window();
+    ScreenModel& model = stage.model();
     model.go("analyze");
     turnUntilDrawn(window);
     turnFor(1000);
@@ -311,68 +247,6 @@ int idle(int seconds, std::string_view state)
     return 0;
 }
 
-std::vector<Category> manyCategories()
-{
-    std::vector<Category> all(10000);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        Category& one = all[i];
-        one.id = one.name = "Category " + std::to_string(i);
-        one.desc = "What it holds is made anew when it is needed";
-        one.items = 1;
-        CatPath path;
-        path.p = "~/Library/Caches/" + one.id;
-        path.b = static_cast<std::int64_t>(20000 - i) * 1000000;
-        one.paths.push_back(std::move(path));
-    }
-    return all;
-}
-
-QQuickItem* longList(QQuickItem& item)
-{
-    if (item.inherits("QQuickListView") && item.property("count").toInt() >= 10000) {
-        return &item;
-    }
-    const auto children = item.childItems();
-    for (QQuickItem* const child : children) {
-        if (QQuickItem* const found = longList(*child)) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
-int scroll()
-{
-    SystemClock clock;
-    const auto prefs = systemPrefsStore();
-    AppDependencies all = liveDependencies(clock, *prefs);
-    all.scans.clean = []() -> QCoro::Task<std::vector<Category>> { co_return manyCategories(); };
-    AppModel app(std::move(all));
-    ScreenModel model(app, clock);
-    QQmlApplicationEngine engine;
-    engine.addImportPath(QStringLiteral("qrc:/qml"));
-    engine.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    engine.load(QUrl(QStringLiteral("qrc:/qml/Zolva/Root/MainWindow.qml")));
-    QQuickWindow& window = shownWindow();
-    const auto wish = systemReducedMotion();
-    followMotion(*engine.singletonInstance<Motion*>(qmlTypeId("Zolva.Kit", 1, 0, "Motion")), *wish,
-                 window);
-    window.show();
-    model.go("clean");
-    turnUntilDrawn(window);
-    model.clean()->scan();
-    turnUntil([&model] { return model.clean()->page() == CleanModel::List; });
-    turnFor(1000);
-    QQuickItem* const list = longList(*window.contentItem());
-    if (list == nullptr) {
-        std::fprintf(stderr, "window-figures: the list is not there\n");
-        return 1;
-    }
-    FrameMeter meter(window, [list](int change) { list->setProperty("contentY", 50.0 * change); });
-    meter.run(1000);
-    return 0;
-}
-
 int measure(const std::vector<std::string_view>& words)
 {
     if (words.size() == 3 && words[0] == "idle") {
@@ -382,7 +256,7 @@ int measure(const std::vector<std::string_view>& words)
     return what == "first-frame"   ? firstFrame()
            : what == "memory"      ? memory()
            : what == "scan-gap"    ? scanGap()
-           : what == "scroll"      ? scroll()
+           : what == "lists"       ? longListFigures()
            : what == "analyze-gap" ? analyzeGap()
                                    : 2;
 }

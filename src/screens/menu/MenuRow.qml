@@ -13,8 +13,8 @@ PointerButton {
     required property string shortcut
 
     implicitHeight: 30
-    ringInset: 3
-    ringRadius: 10
+    ringInset: 2
+    ringRadius: 8
     spokenName: title
     spokenValue: shortcut
 

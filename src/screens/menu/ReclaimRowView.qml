@@ -15,8 +15,8 @@ PointerButton {
     required property string hint
 
     implicitHeight: 42
-    ringInset: 4
-    ringRadius: 11
+    ringInset: 2
+    ringRadius: 9
     spokenHint: hint
     spokenName: spoken
 
