@@ -170,18 +170,6 @@ ScreenCase {
         compare(walks().slice(-1), ["analyze "]);
     }
 
-    function test_anotherFreeSpaceTakesNoKeyboardFromACrumb() {
-        downloads(0);
-        open();
-        spoken("~").forceActiveFocus(Qt.TabFocusReason);
-        let told = 0;
-        fixture.model.analyze.changed.connect(() => ++told);
-        fixture.setSpace(5000000000, 9000000000);
-        tryVerify(() => told > 0);
-        settle();
-        compare(focusedName(), "~");
-    }
-
     function test_aLongWayWrapsAndLeavesRoomForTheTotals() {
         let path = home("");
         for (let i = 0; i < 30; ++i)
