@@ -247,11 +247,11 @@ Item {
         Qt.callLater(() => scrollToEnd(view));
     }
 
-    function scrollToEnd(item: Item) {
+    function scrollToEnd(item) {
         if (item instanceof ListView)
             item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
-        for (const child of item.children)
-            scrollToEnd(child);
+        for (let i = 0; i < item.children.length; ++i)
+            scrollToEnd(item.children[i]);
     }
 
     function sheetOf(caches: int) {
