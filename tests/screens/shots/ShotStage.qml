@@ -1,4 +1,5 @@
 import QtQuick
+import Zolva.Frame
 import Zolva.Kit
 import Zolva.Root
 import Zolva.Test
@@ -24,6 +25,14 @@ Item {
             anchors.fill: parent
             focus: true
         }
+    }
+
+    // When the page has its height.
+    Timer {
+        id: toEnd
+
+        interval: 150
+        onTriggered: stage.scrollToEnd(stage.view)
     }
 
     function take(state: string, theme: string) {
@@ -244,12 +253,12 @@ Item {
         settingsTop();
         fixture.model.updates.check();
         fixture.offerUpdate("0.2.0", "Installers are listed by where they came from.");
-        Qt.callLater(() => scrollToEnd(view));
+        toEnd.start();
     }
 
     function scrollToEnd(item) {
-        if (item instanceof ListView)
-            item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
+        if (item instanceof CollapsingPage)
+            item.turn(9);
         for (let i = 0; i < item.children.length; ++i)
             scrollToEnd(item.children[i]);
     }
