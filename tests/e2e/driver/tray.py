@@ -23,7 +23,7 @@ CONFIG = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 WATCHER = "org.kde.StatusNotifierWatcher"
-PATIENCE = 30
+PATIENCE = int(os.environ.get("ZOLVA_PATIENCE", "30"))
 
 
 class Tray:
@@ -82,7 +82,7 @@ class Tray:
 
     def end(self):
         for process in reversed(self.processes):
-            process.terminate()
+            process.kill()  # as where a desktop's panel fails; none of them leaves anything behind
             process.wait()
         self._wait(lambda: not self._is_owned(WATCHER), "a desktop without a tray")
 

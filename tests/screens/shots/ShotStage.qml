@@ -1,4 +1,5 @@
 import QtQuick
+import Zolva.Frame
 import Zolva.Kit
 import Zolva.Root
 import Zolva.Screens.Menu
@@ -34,6 +35,14 @@ Item {
         MenuBarView {
             anchors.fill: parent
         }
+    }
+
+    // When the page has its height.
+    Timer {
+        id: toEnd
+
+        interval: 150
+        onTriggered: stage.scrollToEnd(stage.view)
     }
 
     function take(state: string, theme: string) {
@@ -451,14 +460,14 @@ Item {
         settingsTop();
         fixture.model.updates.check();
         fixture.offerUpdate("0.2.0", "Installers are listed by where they came from.");
-        Qt.callLater(() => scrollToEnd(view));
+        toEnd.start();
     }
 
-    function scrollToEnd(item: Item) {
-        if (item instanceof ListView)
-            item.contentY = item.originY + Math.max(0, item.contentHeight - item.height);
-        for (const child of item.children)
-            scrollToEnd(child);
+    function scrollToEnd(item) {
+        if (item instanceof CollapsingPage)
+            item.turn(9);
+        for (let i = 0; i < item.children.length; ++i)
+            scrollToEnd(item.children[i]);
     }
 
     function sheetOf(caches: int) {
