@@ -23,6 +23,7 @@ FocusScope {
         const view = scroll.listView;
         if (!isLoaded || view.count === 0)
             return;
+        view.forceLayout();
         view.currentIndex = analyze.startRow;
         if (!activeFocus || !byKeys)
             return;
@@ -30,7 +31,28 @@ FocusScope {
         (view.currentItem as ListRow).takeFocus();
     }
 
+    /// The Tab key and a reader go on in the order in which things were made, and rows are made
+    /// later than what stands below them.
+    function putFilesBehindRows() {
+        const below = scroll.listView.footerItem;
+        const all = scroll.listView.contentItem.children;
+        if (below === all[all.length - 1])
+            return;
+        below.parent = null;
+        below.parent = scroll.listView.contentItem;
+    }
+
     onIsLoadedChanged: Qt.callLater(begin)
+    Component.onCompleted: Qt.callLater(begin)
+
+    Connections {
+        function onCurrentItemChanged() {
+            if (scroll.listView.currentItem)
+                page.putFilesBehindRows();
+        }
+
+        target: scroll.listView
+    }
 
     CollapsingPage {
         id: scroll
