@@ -32,6 +32,11 @@ class TrayCase(WindowCase):
         # A click that comes at once is taken for the one that closed it.
         self.bus.wait(lambda: False, 0.4)
 
+    def wait_in_front(self):
+        """The window has the keys, and will not take them from a panel any more."""
+        self.wait(lambda: self.window() and "active" in self.window().states,
+                  "the window in front")
+
     def close_window(self):
         self.wait(lambda: self.tray.place(), "the item")
         self.bus.type_key("Alt", "F4")
@@ -95,11 +100,12 @@ class Panel(TrayCase):
                               ("Installers", "Installers")):
             self.row(label, self.open_panel()).press()
             self.wait_without_panel()
-            self.wait(self.window, "the window")
+            self.wait_in_front()
             self.wait_for_screen(screen)
         for command in ("Status", "Settings"):
             self.button(command, inside=self.open_panel()).press()
             self.wait_without_panel()
+            self.wait_in_front()
             self.wait_for_screen(command)
 
     def test_its_keys_lead_there_too(self):
@@ -108,6 +114,7 @@ class Panel(TrayCase):
         self.wait(lambda: "active" in panel.states, "a panel that takes keys")
         self.bus.type_key("Control", "comma")
         self.wait_without_panel()
+        self.wait_in_front()
         self.wait_for_screen("Settings")
         panel = self.open_panel()
         self.wait(lambda: "active" in panel.states, "a panel that takes keys")
@@ -121,7 +128,7 @@ class Panel(TrayCase):
         self.wait(lambda: "active" in panel.states, "a panel that takes keys")
         self.bus.type_key("Escape")
         self.wait_without_panel()
-        self.wait(lambda: "active" in window.states, "the window in front again")
+        self.wait_in_front()
         self.open_panel()
         self.tray.click()
         self.wait_without_panel()
@@ -144,6 +151,7 @@ class Panel(TrayCase):
         self.node("alert message", "Trash emptied.")
         self.assertEqual(os.listdir(self.trash_files()), [])
         # Nothing is left to ask about.
+        self.wait_in_front()
         self.row("Trash, 0 items", self.open_panel()).press()
         self.wait_without_panel()
         self.assertEqual(list(self.window().find_all("dialog")), [])
@@ -164,8 +172,7 @@ class Closing(TrayCase):
         self.start()
         self.close_window()
         self.assert_ends(self.world.start_program())
-        window = self.wait(self.window, "the window")
-        self.wait(lambda: "active" in window.states, "the window in front")
+        self.wait_in_front()
 
     def test_the_context_menu_opens_the_window_and_ends_the_program(self):
         self.start()
