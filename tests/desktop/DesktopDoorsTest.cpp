@@ -243,9 +243,9 @@ TEST_F(Doors, OpenTheLicenseByWhatIsRegisteredForText)
 {
     program("xdg-open");
     handler("text/plain");
-    const std::string path = tree.text("mole/LICENSE", "Do as you like.");
+    const std::string license = tree.text("mole/LICENSE", "Do as you like.");
     const auto tell = [this](const QString& text) { told.append(text); };
-    DesktopDoors(noBus(), Places{{}, {}, tell, path}).openToolLicense();
+    DesktopDoors(noBus(), Places{{}, {}, tell, license}).openToolLicense();
     awaitRun();
     EXPECT_EQ(ran(), "xdg-open [" + uri("mole/LICENSE") + "]");
     EXPECT_TRUE(told.isEmpty());
