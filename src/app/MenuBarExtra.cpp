@@ -148,7 +148,8 @@ QQuickWindow* MenuBarExtra::panel()
         // What it tells may need a line more, and it grows away from the item.
         connect(m_panel.get(), &QWindow::heightChanged, this, [this] { putInPlace(*m_panel); });
         connect(m_panel.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
-            if (!isVisible) {
+            // Not where a key or the item closed it: the next click is another one then.
+            if (!isVisible && !m_panel->isActive()) {
                 m_closed = m_clock.steadyNow();
             }
         });

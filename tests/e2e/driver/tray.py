@@ -82,7 +82,7 @@ class Tray:
 
     def end(self):
         for process in reversed(self.processes):
-            process.kill() # as where a desktop's panel fails; none of them leaves anything behind
+            process.kill()  # as where a desktop's panel fails; none of them leaves anything behind
             process.wait()
         self._wait(lambda: not self._is_owned(WATCHER), "a desktop without a tray")
 
