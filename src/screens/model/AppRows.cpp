@@ -149,7 +149,6 @@ void AppRows::followFocus()
             tell(static_cast<std::size_t>(row), static_cast<std::size_t>(row), {InFocusRole});
         }
     }
-    Q_EMIT focusChanged();
 }
 
 } // namespace zolva

@@ -20,8 +20,6 @@ class AppRows final : public ListRows
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("belongs to the UninstallModel")
-    /// As it was when the focus came; a new order does not tell of it.
-    Q_PROPERTY(int focusedRow READ focusedRow NOTIFY focusChanged)
 
 public:
     enum Role
@@ -36,12 +34,9 @@ public:
     /// Of all applications, those that are not shown too.
     [[nodiscard]] std::size_t allTicked() const { return m_allTicked; }
     /// The place of the application whose leftovers are on show; -1 where it is not among the rows.
-    [[nodiscard]] int focusedRow() const;
+    [[nodiscard]] Q_INVOKABLE int focusedRow() const;
 
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-Q_SIGNALS:
-    void focusChanged();
 
 protected:
     [[nodiscard]] Rows build() const override;

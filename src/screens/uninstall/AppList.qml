@@ -67,12 +67,6 @@ FocusScope {
             contentY = Math.max(originY, Math.min(last, contentY + pages * Math.max(44, height - 44)));
         }
 
-        function beginAtFocus() {
-            currentIndex = pane.uninstall.rows.focusedRow;
-            // As soon as there is room for it.
-            Qt.callLater(bringIntoSight);
-        }
-
         function bringIntoSight() {
             if (currentIndex >= 0)
                 positionViewAtIndex(currentIndex, ListView.Contain);
@@ -102,17 +96,12 @@ FocusScope {
         T.ScrollBar.vertical: PageScrollBar {
         }
 
-        Component.onCompleted: beginAtFocus()
-    }
-
-    // The application in focus is where the keyboard begins.
-    Connections {
-        function onFocusChanged() {
-            if (!list.activeFocus)
-                list.beginAtFocus();
+        // The application in focus is where the keyboard begins, and in sight as soon as the list
+        // has its room.
+        Component.onCompleted: {
+            currentIndex = pane.uninstall.rows.focusedRow();
+            Qt.callLater(bringIntoSight);
         }
-
-        target: pane.uninstall.rows
     }
 
     // On the way through the list nothing is looked for.
