@@ -78,7 +78,7 @@ class UninstallCase(WindowCase):
                 " so you can put them back. Leftovers shared with another installed app are left"
                 " alone.",
                 "list: What will be removed"] + [
-                    "list item: " + disk.short_path(app.path) for app in apps] + [
+                    "list item: " + app.path for app in apps] + [
                     "push button: Cancel | Closes this without removing anything",
                     "push button: Confirm: Uninstall%s | This cannot be undone"
                     % ("" if one else " %d" % len(apps))]
