@@ -59,7 +59,7 @@ TEST_F(LongLists, OfProjectsAreSortedAndTickedWhole)
     purge.toggleAll();
     EXPECT_EQ(purge.countText(), "9980 projects selected");
     purge.toggleAll();
-    EXPECT_EQ(purge.countText(), "0 projects selected");
+    EXPECT_EQ(purge.countText(), QString());
 }
 
 TEST_F(LongLists, OfInstallersLoseARowAndManyByThemselves)

@@ -208,7 +208,7 @@ TEST_F(TheSettingsScreen, RowsComeAtTheEndAndGoWhereTheyAre)
     EXPECT_EQ(removed, 11);
     EXPECT_EQ(listed(page), (Texts{"/a", "/c"}));
     EXPECT_EQ(m.exclusions().whitelist(), (Texts{"/a", "/c"}));
-    EXPECT_EQ(told.told, Texts{});
+    EXPECT_EQ(told.told, (Texts{"new 0", "new 1", "new 2", "gone 1"}));
 }
 
 TEST_F(TheSettingsScreen, RowsOfAnotherOrderAreAnotherList)
