@@ -148,8 +148,7 @@ QQuickWindow* MenuBarExtra::panel()
         // What it tells may need a line more, and it grows away from the item.
         connect(m_panel.get(), &QWindow::heightChanged, this, [this] { putInPlace(*m_panel); });
         connect(m_panel.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
-            // Not where a key or the item closed it: the next click is another one then.
-            if (!isVisible && !m_panel->isActive()) {
+            if (!isVisible) {
                 m_closed = m_clock.steadyNow();
             }
         });

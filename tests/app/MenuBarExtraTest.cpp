@@ -157,18 +157,6 @@ TEST_F(Extra, ClickThatTookTheKeysAwayFromThePanelDoesNotOpenItAnew)
     EXPECT_TRUE(panels().empty());
 }
 
-TEST_F(Extra, ClickRightAfterAKeyClosedThePanelOpensItAnew)
-{
-    click();
-    QWindow& panel = *panels().front();
-    pumpOnce();
-    ASSERT_TRUE(panel.isActive());
-    QMetaObject::invokeMethod(&panel, "dismiss");
-    ASSERT_TRUE(panels().empty());
-    click();
-    EXPECT_EQ(panels().size(), 1U);
-}
-
 TEST_F(Extra, PanelStandsBesideTheItem)
 {
     click({500, 10, 1, 1});

@@ -218,7 +218,7 @@ TEST_F(TheSettingsScreen, RowsOfAnotherOrderAreAnotherList)
     m.exclusions().setWhitelist({"/a", "/b", "/c"});
     ToldRows told(page.exclusions());
     m.exclusions().setWhitelist({"/c", "/b", "/d", "/e"});
-    EXPECT_EQ(told.told, Texts{"reset"});
+    EXPECT_EQ(told.told, (Texts{"gone 0", "reset"}));
     EXPECT_EQ(listed(page), (Texts{"/c", "/b", "/d", "/e"}));
     m.exclusions().setWhitelist({});
     EXPECT_EQ(listed(page), Texts{});

@@ -11,9 +11,6 @@ Window {
 
     required property ScreenModel model
 
-    /// Since it was shown.
-    property bool wasActive: false
-
     function dismiss() {
         visible = false;
     }
@@ -25,14 +22,9 @@ Window {
     visible: false
     width: view.implicitWidth
 
-    onActiveChanged: wasActive = wasActive || active
-    onVisibleChanged: wasActive = active
-
-    // Window managers take the keys away for a moment while they bring a window up.
-    Timer {
-        interval: 150
-        running: window.visible && window.wasActive && !window.active
-        onTriggered: window.dismiss()
+    onActiveChanged: {
+        if (!active)
+            dismiss();
     }
 
     MenuBarView {
