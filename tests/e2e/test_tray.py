@@ -24,6 +24,9 @@ class TrayCase(WindowCase):
                      if child.name == PANEL), None)
 
     def open_panel(self):
+        self.wait(self.tray.place, "the item")
+        # Its host draws it only then.
+        self.bus.wait(lambda: False, 1)
         self.tray.click()
         return self.wait(self.panel, "the panel")
 
@@ -125,11 +128,14 @@ class Panel(TrayCase):
         self.wait(lambda: any("focused" in node.states and node.name == "Rescan"
                               for node in panel.walk()), "the focus on Rescan")
 
-    def test_escape_closes_it(self):
+    def test_escape_and_a_second_click_close_it(self):
         self.start()
         panel = self.open_panel()
         self.wait(lambda: "active" in panel.states, "a panel that takes keys")
         self.bus.type_key("Escape")
+        self.wait_without_panel()
+        self.open_panel()
+        self.tray.click()
         self.wait_without_panel()
 
     def test_another_window_closes_it(self):
