@@ -1,6 +1,8 @@
 # A folder of src/screens is one QML module: its .qml files, and the C++ types beside them that QML
 # sees. It ends up inside the programs; what is loaded at run time comes from their resources only.
 
+include(ZolvaMoc)
+
 option(ZOLVA_QML_CACHE "Compile QML ahead of time" ON)
 set_property(GLOBAL PROPERTY ZOLVA_QML_MODULES "")
 
@@ -26,9 +28,7 @@ function(zolva_qml name uri)
         target_compile_options(zolva_${name}_qmlcache PRIVATE -w) # not ours
     endif()
     target_link_libraries(zolva_${name} PUBLIC zolva_settings Qt6::Quick ${QML_LINKS})
-    # Ninja would miss a new header with Q_OBJECT otherwise.
-    file(GLOB headers CONFIGURE_DEPENDS "*.h")
-    set_target_properties(zolva_${name} PROPERTIES AUTOGEN_TARGET_DEPENDS "${headers}")
+    zolva_watch_moc(zolva_${name} ${sources})
     target_include_directories(zolva_${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
     target_compile_definitions(zolva_${name} PUBLIC QT_NO_KEYWORDS QT_NO_FOREACH)
     set_property(GLOBAL APPEND PROPERTY ZOLVA_QML_MODULES ${name})

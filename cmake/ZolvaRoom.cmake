@@ -1,6 +1,8 @@
 # A room is one folder of src/ and one static library. Its sources are all .cpp files of the
 # folder; `platform` adds those of the system it is built for.
 
+include(ZolvaMoc)
+
 function(zolva_room name)
     cmake_parse_arguments(ROOM "QT" "" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
@@ -20,9 +22,8 @@ function(zolva_room name)
     if(ROOM_QT)
         file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
         target_sources(zolva_${name} PRIVATE ${headers})
-        # Ninja would miss a new header with Q_OBJECT otherwise.
-        set_target_properties(zolva_${name} PROPERTIES AUTOMOC ON
-                              AUTOGEN_TARGET_DEPENDS "${headers}")
+        set_target_properties(zolva_${name} PROPERTIES AUTOMOC ON)
+        zolva_watch_moc(zolva_${name} ${sources} ${system} ${headers})
         target_compile_definitions(zolva_${name} PUBLIC QT_NO_KEYWORDS QT_NO_FOREACH)
     endif()
 endfunction()
