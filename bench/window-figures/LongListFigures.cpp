@@ -105,6 +105,18 @@ QCoro::Task<Rows> given(Rows rows)
     co_return rows;
 }
 
+/// A tool that knows ten thousand applications.
+class ToolWithApplications final : public MoRunner
+{
+public:
+    [[nodiscard]] std::shared_ptr<StatusStream>
+    statusStream(std::chrono::seconds /*interval*/) override
+    {
+        return std::make_shared<StatusStream>();
+    }
+    [[nodiscard]] QCoro::Task<AppList> listApps() override { co_return applications(); }
+};
+
 /// What is alike on the four screens.
 struct Screen
 {
@@ -162,9 +174,8 @@ int longListFigures()
         all.scans.clean = [] { return given(categories()); };
         all.scans.purge = [] { return given(projects()); };
         all.reads.installers = [] { return given(installers()); };
-        all.scans.enrich = [](const std::vector<UninstallApp>& /*apps*/) {
-            return given(applications());
-        };
+        all.runner = std::make_unique<ToolWithApplications>();
+        all.scans.enrich = [](std::vector<UninstallApp> apps) { return given(std::move(apps)); };
     });
     ScreenModel& model = stage.model();
     const Screen all[] = {

@@ -5,12 +5,15 @@
 //   window-figures scan-gap              the event loop while everything is scanned
 //   window-figures analyze-gap           the event loop with a hundred thousand entries
 //   window-figures idle SECONDS STATE    STATE is visible, status (that screen, with a reading each
-//                                        second), minimised or hidden
+//                                        second), minimised, hidden, or closed on that screen with
+//                                        the item of the tray left
 //   window-figures lists                 with ten thousand rows each
+//   window-figures panel                 from a click on the tray's item to the panel
 //
 // In the home, and on the display and the bus, of the environment.
 
 #include "LongListFigures.h"
+#include "PanelFigures.h"
 #include "WindowStage.h"
 #include "app/DrawingChoice.h"
 #include "app/ZolvaApp.h"
@@ -22,8 +25,6 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QTimer>
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
@@ -91,26 +92,35 @@ int memory()
     ScreenModel& model = modelOf(window);
     turnUntilDrawn(window);
     turnFor(2000);
-    const long start = sharedOut();
+    const long rest = sharedOut();
     const QStringList screens = {"clean",   "purge",  "installer", "uninstall",
                                  "analyze", "status", "settings",  "home"};
-    for (int i = 0; i < 100; ++i) {
-        model.go(screens[i % screens.size()]);
-        turnUntilDrawn(window);
-    }
-    turnFor(1000);
+    const auto goThrough = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            model.go(screens[i % screens.size()]);
+            turnUntilDrawn(window);
+        }
+        turnFor(1000);
+    };
+    const auto scan = [&model](int times) {
+        for (int i = 0; i < times; ++i) {
+            scanAll(model);
+        }
+        turnFor(1000);
+    };
+    // Every screen and every list once.
+    goThrough(static_cast<int>(screens.size()));
+    scan(1);
+    goThrough(static_cast<int>(screens.size()));
+    const long warm = sharedOut();
+    goThrough(100);
     const long gone = sharedOut();
-    scanAll(model);
-    turnFor(1000);
-    const long once = sharedOut();
-    for (int i = 0; i < 19; ++i) {
-        scanAll(model);
-    }
-    turnFor(1000);
+    scan(20);
     std::printf(
-        "at rest %.1f MiB, after 100 screens %+.1f, after a scan %+.1f, after 19 more %+.1f\n",
-        static_cast<double>(start) / 1024, static_cast<double>(gone - start) / 1024,
-        static_cast<double>(once - gone) / 1024, static_cast<double>(sharedOut() - once) / 1024);
+        "at rest %.1f MiB, with every screen seen and one scan %+.1f, after 100 screens more "
+        "%+.1f, after 20 scans more %+.1f\n",
+        static_cast<double>(rest) / 1024, static_cast<double>(warm - rest) / 1024,
+        static_cast<double>(gone - warm) / 1024, static_cast<double>(sharedOut() - gone) / 1024);
     return 0;
 }
 
@@ -204,16 +214,6 @@ int analyzeGap()
     return 0;
 }
 
-double secondsOfWork()
-{
-    rusage used{};
-    ::getrusage(RUSAGE_SELF, &used);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(used.ru_utime) + seconds(used.ru_stime);
-}
-
 int idle(int seconds, std::string_view state)
 {
     ZolvaApp zolva;
@@ -249,6 +249,9 @@ int idle(int seconds, std::string_view state)
 
 int measure(const std::vector<std::string_view>& words)
 {
+    if (words.size() == 3 && words[0] == "idle" && words[2] == "closed") {
+        return closedFigures(std::atoi(words[1].data()));
+    }
     if (words.size() == 3 && words[0] == "idle") {
         return idle(std::atoi(words[1].data()), words[2]);
     }
@@ -258,6 +261,7 @@ int measure(const std::vector<std::string_view>& words)
            : what == "scan-gap"    ? scanGap()
            : what == "lists"       ? longListFigures()
            : what == "analyze-gap" ? analyzeGap()
+           : what == "panel"       ? panelFigures()
                                    : 2;
 }
 

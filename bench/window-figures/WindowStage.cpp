@@ -8,6 +8,8 @@
 #include <QQuickItem>
 #include <QTimer>
 
+#include <sys/resource.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -57,7 +59,16 @@ void turnUntilDrawn(QQuickWindow& window)
     loop.exec();
 }
 
-/// Kilobytes of memory that are this process's share.
+double secondsOfWork()
+{
+    rusage used{};
+    ::getrusage(RUSAGE_SELF, &used);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
 long sharedOut()
 {
     std::ifstream rollup("/proc/self/smaps_rollup");

@@ -20,6 +20,8 @@ void turnFor(int ms);
 [[nodiscard]] QQuickWindow& shownWindow();
 /// Until its next frame is on the display.
 void turnUntilDrawn(QQuickWindow& window);
+/// Seconds of the processor that this process has used.
+[[nodiscard]] double secondsOfWork();
 /// Kilobytes of memory that are this process's share.
 [[nodiscard]] long sharedOut();
 
@@ -33,6 +35,8 @@ public:
 
     [[nodiscard]] ScreenModel& model() { return *m_model; }
     [[nodiscard]] QQuickWindow& window() { return *m_window; }
+    [[nodiscard]] QQmlEngine& engine() { return m_engine; }
+    [[nodiscard]] Clock& clock() { return m_clock; }
     /// The list with so many rows at least; null where there is none.
     [[nodiscard]] QQuickItem* longList(int rows) const;
 
