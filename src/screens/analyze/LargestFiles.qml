@@ -1,5 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
+import Zolva.Frame
 import Zolva.Kit
 import Zolva.Lists
 import Zolva.Model
@@ -83,6 +84,10 @@ Item {
                 }
             }
         }
+    }
+
+    ReadingOrder {
+        list: list
     }
 
     RowMenu {

@@ -167,6 +167,10 @@ FocusScope {
         onRescan: page.rescan()
     }
 
+    ReadingOrder {
+        list: list
+    }
+
     FocusReach {
         id: reach
 
