@@ -203,6 +203,34 @@ class Uninstall(UninstallCase):
         self.assert_said(self.page(self.app("Skylark Chat"), ["Skylark Chat"]))
         self.assert_same(self.everything(), before)
 
+    def test_the_keys_alone_are_enough(self):
+        before = self.everything()
+        self.start()
+        self.bus.type_key("Control", "5")
+        self.wait_for_screen("Uninstall")
+        self.tab_to("Scan")
+        self.bus.type_key("Return")
+        self.button("Rescan")
+        rows = self.in_order(self.apps)
+        first = rows.index(self.apps[0])
+        self.tab_to(rows[first].name)
+        step = "Down" if first + 1 < len(rows) else "Up"
+        other = rows[first + 1] if step == "Down" else rows[first - 1]
+        self.bus.type_key(step)
+        self.wait_focus(other.name)
+        # Where the keys stay the application is shown.
+        self.node("heading", other.name)
+        self.bus.type_key("space")
+        self.row(other.name, True)
+        gone = self.own(other)
+        self.tab_to("Uninstall")
+        self.bus.type_key("Return")
+        self.wait_focus("Cancel")
+        self.bus.type_key("Tab")
+        self.tab_to("Confirm: Uninstall")
+        self.bus.type_key("Return")
+        self.node("alert message", "Uninstalled 1 app")
+        self.assert_gone(before, gone)
 
 
 class StuckBundle(UninstallCase):

@@ -224,8 +224,20 @@ TEST_F(TheAppRows, TheFocusMovesFromRowToRow)
     EXPECT_FALSE(flagAt(rows, 3, AppRows::InFocusRole));
     EXPECT_EQ(told.told, (Texts{"3", "2"}));
     EXPECT_EQ(told.roles, (QList<int>{AppRows::InFocusRole}));
+    const Told came(&rows, &AppRows::focusCame);
     m.live().clearFocus();
     EXPECT_EQ(rows.focusedRow(), -1);
+    EXPECT_EQ(came.count(), 1);
+}
+
+TEST_F(TheAppRows, TellWhenTheApplicationsAreReadAnewSoThatTheListBeginsAtTheOneInFocus)
+{
+    AppModel& m = ready();
+    const AppRows rows(m);
+    const Told came(&rows, &AppRows::focusCame);
+    withFour(m);
+    EXPECT_GE(came.count(), 1);
+    EXPECT_EQ(rows.focusedRow(), 3);
 }
 
 TEST_F(TheAppRows, NamesThatAreNoTextAreShownAllTheSame)

@@ -111,6 +111,7 @@ void AppRows::takeApps()
     list();
     countTicks();
     reload();
+    Q_EMIT focusCame();
 }
 
 void AppRows::list() const
@@ -149,6 +150,7 @@ void AppRows::followFocus()
             tell(static_cast<std::size_t>(row), static_cast<std::size_t>(row), {InFocusRole});
         }
     }
+    Q_EMIT focusCame();
 }
 
 } // namespace zolva

@@ -38,6 +38,11 @@ public:
 
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
+Q_SIGNALS:
+    /// Another application is in focus, or the applications were read anew; a new order tells
+    /// nothing.
+    void focusCame();
+
 protected:
     [[nodiscard]] Rows build() const override;
     [[nodiscard]] bool isPicked(const std::string& key) const override;

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Zolva.Frame
 import Zolva.Kit
 import Zolva.Model
 import Zolva.Screens.Uninstall
@@ -62,9 +63,22 @@ FocusScope {
     ListView {
         id: list
 
+        readonly property bool hasRoom: height > 0
+
         function turn(pages: real) {
             const last = originY + Math.max(0, contentHeight - height);
             contentY = Math.max(originY, Math.min(last, contentY + pages * Math.max(44, height - 44)));
+        }
+
+        // The application in focus is where the keyboard begins, and in sight; not while the
+        // keyboard is somewhere in the list, nor before the list has its room.
+        function beginAtFocus() {
+            if (height <= 0 || activeFocus)
+                return;
+            forceLayout();
+            currentIndex = pane.uninstall.rows.focusedRow();
+            // Once what is around the list has its room, too.
+            Qt.callLater(bringIntoSight);
         }
 
         function bringIntoSight() {
@@ -96,12 +110,19 @@ FocusScope {
         T.ScrollBar.vertical: PageScrollBar {
         }
 
-        // The application in focus is where the keyboard begins, and in sight as soon as the list
-        // has its room.
-        Component.onCompleted: {
-            currentIndex = pane.uninstall.rows.focusedRow();
-            Qt.callLater(bringIntoSight);
+        onHasRoomChanged: beginAtFocus()
+    }
+
+    ReadingOrder {
+        list: list
+    }
+
+    Connections {
+        function onFocusCame() {
+            list.beginAtFocus();
         }
+
+        target: pane.uninstall.rows
     }
 
     // On the way through the list nothing is looked for.
