@@ -145,6 +145,11 @@ bool ListRows::isAllTicked() const
     return isAny;
 }
 
+QString ListRows::selectWord() const
+{
+    return isAllTicked() ? QStringLiteral("Deselect all") : QStringLiteral("Select all");
+}
+
 std::vector<std::string> ListRows::keysOfAll(bool ticked) const
 {
     std::vector<std::string> keys;

@@ -69,6 +69,8 @@ public:
     [[nodiscard]] std::int64_t tickedCount() const;
     /// Of those that "Select all" means; none of them is not all.
     [[nodiscard]] bool isAllTicked() const;
+    /// "Select all", or "Deselect all" once they are ticked.
+    [[nodiscard]] QString selectWord() const;
     /// Whom "Select all" ticks, and "Deselect all" unticks.
     [[nodiscard]] std::vector<std::string> keysOfAll(bool ticked) const;
 

@@ -41,7 +41,7 @@ QString ListScreenModel::countText() const
 
 QString ListScreenModel::selectWord() const
 {
-    return m_rows->isAllTicked() ? QStringLiteral("Deselect all") : QStringLiteral("Select all");
+    return m_rows->selectWord();
 }
 
 QString ListScreenModel::buttonTitle() const

@@ -11,15 +11,6 @@ namespace {
 
 const auto trashId = QStringLiteral("trash");
 
-std::int64_t bytesOf(const Category& category)
-{
-    std::int64_t bytes = 0;
-    for (const CatPath& path : category.paths) {
-        bytes += path.b;
-    }
-    return bytes;
-}
-
 } // namespace
 
 MenuPanelModel::MenuPanelModel(AppModel& model, QObject* parent)
@@ -213,7 +204,7 @@ std::int64_t MenuPanelModel::keptBytes() const
     std::int64_t kept = -m_model.removal().cleanableBytes();
     if (const auto* const categories = m_model.live().clean().value()) {
         for (const Category& category : *categories) {
-            kept += bytesOf(category);
+            kept += totalBytes(category);
         }
     }
     kept -= m_model.removal().removableProjectBytes();

@@ -70,7 +70,7 @@ QString UninstallModel::tickedText() const
 
 QString UninstallModel::selectWord() const
 {
-    return m_rows.isAllTicked() ? QStringLiteral("Deselect all") : QStringLiteral("Select all");
+    return m_rows.selectWord();
 }
 
 QString UninstallModel::note() const
