@@ -7,6 +7,7 @@ import stat
 from driver.case import WindowCase
 from driver.disk import size_text, without
 from test_clean import SUBTITLE, CleanCase
+from test_purge import PurgeCase
 
 PROMPT = "Add a folder or file to never touch"
 KEEP = "Move to the Trash instead of deleting"
@@ -18,7 +19,8 @@ DELETES = ("Caches and build artifacts your Mac rebuilds on its own. Cleaning de
            "good, so the space comes back straight away.")
 
 
-class SettingsCase(CleanCase):
+class OnSettings:
+    """What is done on that screen, whichever others a case looks at."""
 
     def prefs(self):
         return json.loads(self.world.ask_control("prefs", "--json"))
@@ -36,6 +38,10 @@ class SettingsCase(CleanCase):
         self.wait(lambda: "[disabled]" not in self.button("Add").describe(), "a button to add")
         self.button("Add").press()
         self.node("label", path)
+
+
+class SettingsCase(OnSettings, CleanCase):
+    """Settings that hold on Clean."""
 
 
 class Settings(SettingsCase):
@@ -161,6 +167,35 @@ class Excluded(SettingsCase):
 
     def size_of(self, shown):
         return next(one.size for row in self.rows for one in row.paths if one.shown == shown)
+
+
+class ExcludedFromPurge(OnSettings, PurgeCase):
+
+    def test_what_is_added_is_protected_on_Purge_and_back_when_it_is_removed(self):
+        self.start()
+        self.scan()
+        self.assert_said(self.page())
+        short = next(row.short for row in self.rows if row.short.endswith("/target"))
+
+        self.go("Settings")
+        self.exclude("~/" + short)
+        self.wait_pref("whitelist", ["~/" + short])
+        self.go("Purge")
+        self.excluded = (short,)
+        self.rows = self.find()
+        self.assertEqual([row.short for row in self.rows if row.is_kept], [short])
+        self.assert_said(self.page())
+        self.button("Select all").press()
+        self.assert_said(self.page([row for row in self.rows if not row.is_kept]))
+
+        self.button("Deselect all").press()
+        self.go("Settings")
+        self.button("Remove", "~/" + short).press()
+        self.wait_pref("whitelist", [])
+        self.go("Purge")
+        self.excluded = ()
+        self.rows = self.find()
+        self.assert_said(self.page())
 
 
 class Permanent(SettingsCase):

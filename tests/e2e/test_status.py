@@ -206,6 +206,3 @@ class Missing(StatusCase):
         self.go("Home")
         self.button("Scan").press()
         self.button("Review Clean")
-
-
-del StatusCase

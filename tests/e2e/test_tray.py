@@ -8,6 +8,7 @@ from driver.disk import size_text
 from driver.tray import Tray
 from driver.case import WindowCase
 from test_runs import QUIT_TITLE, RunCase
+from test_status import StatusCase
 
 PANEL = "Zolva menu"
 
@@ -210,6 +211,18 @@ class Closing(TrayCase):
         self.close_window()
         self.tray.end()
         self.assert_ends()
+
+
+class ClosedStatus(TrayCase, StatusCase):
+
+    def test_a_closed_window_reads_nothing_on(self):
+        self.start()
+        self.go("Status")
+        self.wait_tile("CPU")
+        self.assertEqual(self.streams(), ["1s"])
+        self.close_window()
+        self.wait(lambda: not self.streams(), "the end of the tool")
+        self.assert_goes_on()
 
 
 class LateTray(WindowCase):
