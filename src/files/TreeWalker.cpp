@@ -30,7 +30,7 @@ std::vector<Walk> walkTrees(const std::vector<std::string>& roots, const WalkOpt
 {
     WalkRoots all(roots);
     WalkDescriptors descriptors(WalkDescriptors::suitableCapacity());
-    WalkMeter meter(options.progress);
+    WalkMeter meter(options.progress, options.progressSpacing);
     for (auto starts = all.start(); !starts.empty(); starts = all.start()) {
         WalkShared shared{
             all,          descriptors,      meter, options.keepLargest, options.linksOnTop,

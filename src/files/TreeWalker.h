@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <set>
@@ -31,8 +32,7 @@ struct Walk
     std::vector<BigFileHit> largest; ///< at most 20, not sorted, in the order the rule leaves them
 };
 
-/// Files and bytes so far, of the whole call; told a few times a second at most, and
-/// once more at the end.
+/// Files and bytes so far, of the whole call.
 struct WalkProgress
 {
     std::int64_t files = 0;
@@ -48,7 +48,9 @@ struct WalkOptions
     bool linksOnTop = false; ///< links directly in a root count as files of their own size,
                              ///< unless they lead nowhere
     const std::atomic<bool>* stop = nullptr; ///< once true, the walk ends early, with any sums
-    WalkProgressTold progress;               ///< called from any thread, one at a time
+    /// Called from any thread, one at a time, now and then, and once more at the end.
+    WalkProgressTold progress;
+    std::chrono::milliseconds progressSpacing{250}; ///< told no more often, but for the end
 };
 
 /// One walk a root, in the order of the roots, which may repeat, nest and overlap: every tree is

@@ -50,6 +50,19 @@ int reach(const WalkFolder* open, const WalkFolder& folder, const FolderId& id)
 
 } // namespace
 
+/// What `open` gives, tried again without the idle ones where there are too many descriptors.
+template <typename Open>
+int WalkDescriptors::withRoom(const Open& open)
+{
+    int descriptor = open();
+    if (descriptor < 0 && (errno == EMFILE || errno == ENFILE)) {
+        // The rest of the program has taken more than its share.
+        closeIdle();
+        descriptor = open();
+    }
+    return descriptor;
+}
+
 WalkDescriptors::~WalkDescriptors()
 {
     closeIdle();
@@ -59,6 +72,11 @@ std::size_t WalkDescriptors::suitableCapacity()
 {
     // The rest is for the other threads of the program, and other walks among them.
     return std::clamp<std::size_t>(descriptorLimit() / 4, 8, 512);
+}
+
+int WalkDescriptors::openRoot(const std::string& text, bool& spareTimes)
+{
+    return withRoom([&] { return openFolder(text, spareTimes); });
 }
 
 void WalkDescriptors::keep(WalkFolder& folder, int descriptor, std::uint32_t unopened)
@@ -80,12 +98,7 @@ int WalkDescriptors::openChild(WalkFolder& parent, const char* name, bool& spare
         errno = error;
         return -1;
     }
-    int child = openFolder(at, name, LastLink::Refuse, spareTimes);
-    if (child < 0 && (errno == EMFILE || errno == ENFILE)) {
-        // The rest of the program has taken more than its share.
-        closeIdle();
-        child = openFolder(at, name, LastLink::Refuse, spareTimes);
-    }
+    const int child = withRoom([&] { return openFolder(at, name, LastLink::Refuse, spareTimes); });
     const int error = errno;
     {
         const std::lock_guard lock(m_mutex);
@@ -113,11 +126,7 @@ int WalkDescriptors::acquire(WalkFolder& folder)
             return folder.kept.descriptor;
         }
     }
-    int fresh = reach(open, folder, id);
-    if (fresh < 0 && (errno == EMFILE || errno == ENFILE)) {
-        closeIdle();
-        fresh = reach(open, folder, id);
-    }
+    const int fresh = withRoom([&] { return reach(open, folder, id); });
     const int error = errno;
     const std::lock_guard lock(m_mutex);
     if (open != nullptr) {
@@ -152,7 +161,7 @@ void WalkDescriptors::giveUp(WalkFolder& folder)
 void WalkDescriptors::pin(WalkFolder& folder)
 {
     if (folder.kept.users++ == 0) {
-        unlink(folder);
+        const WalkFolderRef share = unlink(folder); // never the last: the caller has one
     }
 }
 
@@ -173,31 +182,33 @@ void WalkDescriptors::unpin(WalkFolder& folder)
 
 void WalkDescriptors::link(WalkFolder& folder)
 {
+    folder.shares.fetch_add(1, std::memory_order_relaxed);
     folder.kept.older = m_newest;
     folder.kept.newer = nullptr;
     (m_newest != nullptr ? m_newest->kept.newer : m_oldest) = &folder;
     m_newest = &folder;
 }
 
-void WalkDescriptors::unlink(WalkFolder& folder)
+/// Hands over the list's share.
+WalkFolderRef WalkDescriptors::unlink(WalkFolder& folder)
 {
     WalkFolder* const older = folder.kept.older;
     WalkFolder* const newer = folder.kept.newer;
     (older != nullptr ? older->kept.newer : m_oldest) = newer;
     (newer != nullptr ? newer->kept.older : m_newest) = older;
+    return WalkFolderRef(&folder);
 }
 
 void WalkDescriptors::closeBeyond(std::size_t capacity)
 {
     while (m_open > capacity && m_oldest != nullptr) {
-        WalkFolder& folder = *m_oldest;
-        unlink(folder);
+        const WalkFolderRef folder = unlink(*m_oldest);
         NodeStatus status;
-        if (statusOf(folder.kept.descriptor, status)) {
-            folder.kept.id = status.id;
+        if (statusOf(folder->kept.descriptor, status)) {
+            folder->kept.id = status.id;
         }
-        ::close(folder.kept.descriptor);
-        folder.kept.descriptor = -1;
+        ::close(folder->kept.descriptor);
+        folder->kept.descriptor = -1;
         --m_open;
     }
 }

@@ -18,8 +18,8 @@ class WalkFolderRef
 {
 public:
     WalkFolderRef() = default;
-    /// Takes over the first share of a new folder.
-    explicit WalkFolderRef(WalkFolder* fresh) : m_folder(fresh) {}
+    /// Takes over a share that nobody else holds, as the first one of a new folder.
+    explicit WalkFolderRef(WalkFolder* folder) : m_folder(folder) {}
     WalkFolderRef(const WalkFolderRef& other);
     WalkFolderRef(WalkFolderRef&& other) noexcept : m_folder(std::exchange(other.m_folder, nullptr))
     {}
@@ -41,8 +41,9 @@ private:
     WalkFolder* m_folder = nullptr;
 };
 
-/// A folder that has been opened and is still needed: because of what is below it, or because one
-/// of the largest files lies in it. Constant after it was opened but for the last group.
+/// A folder that has been opened and is still needed: because of what is below it, because one of
+/// the largest files lies in it, or because its descriptor is still open. Constant after it was
+/// opened but for the last group.
 struct WalkFolder
 {
     WalkFolderRef parent;     ///< none at the top

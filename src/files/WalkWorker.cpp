@@ -11,14 +11,13 @@ namespace zolva {
 
 namespace {
 
-constexpr std::chrono::milliseconds tellEvery{250};
 // So many chunks of one folder at most are in other hands.
 constexpr std::size_t mostGiven = 8;
 
 } // namespace
 
-WalkMeter::WalkMeter(const std::function<void(const WalkProgress&)>& tell)
-    : m_tell(tell), m_last(std::chrono::steady_clock::now())
+WalkMeter::WalkMeter(const WalkProgressTold& tell, std::chrono::milliseconds spacing)
+    : m_tell(tell), m_spacing(spacing), m_last(std::chrono::steady_clock::now())
 {}
 
 void WalkMeter::add(std::int64_t files, std::int64_t bytes)
@@ -30,7 +29,7 @@ void WalkMeter::add(std::int64_t files, std::int64_t bytes)
         return;
     }
     const auto now = std::chrono::steady_clock::now();
-    if (now - m_last >= tellEvery) {
+    if (now - m_last >= m_spacing) {
         m_last = now;
         m_tell({m_files.load(std::memory_order_relaxed), m_bytes.load(std::memory_order_relaxed)});
     }
@@ -93,7 +92,7 @@ void WalkWorker::startRoot(WalkLane& lane, WalkRoot& root)
     const WalkFolderRef folder(new WalkFolder);
     folder->name = root.text;
     folder->root = &root;
-    const int descriptor = openFolder(root.text, folder->spareTimes);
+    const int descriptor = m_shared.descriptors.openRoot(root.text, folder->spareTimes);
     if (descriptor < 0) {
         root.unreadable.fetch_add(hasVanished(errno) ? 0 : 1, std::memory_order_relaxed);
         return;

@@ -23,7 +23,7 @@ namespace zolva {
 class WalkMeter
 {
 public:
-    explicit WalkMeter(const std::function<void(const WalkProgress&)>& tell);
+    WalkMeter(const WalkProgressTold& tell, std::chrono::milliseconds spacing);
 
     [[nodiscard]] bool wanted() const { return static_cast<bool>(m_tell); }
     void add(std::int64_t files, std::int64_t bytes);
@@ -31,7 +31,8 @@ public:
     void tellNow();
 
 private:
-    const std::function<void(const WalkProgress&)>& m_tell;
+    const WalkProgressTold& m_tell;
+    const std::chrono::milliseconds m_spacing;
     std::atomic<std::int64_t> m_files = 0;
     std::atomic<std::int64_t> m_bytes = 0;
     std::mutex m_telling;

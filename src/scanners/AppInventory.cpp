@@ -9,6 +9,8 @@ UninstallApp enrichApp(UninstallApp app)
 {
     // No path holds a NUL, and the system would measure another one: what stands before it.
     if (app.path.find('\0') != std::string::npos) {
+        app.version.reset();
+        app.installedDate.reset();
         app.bundleBytes = 0;
         return app;
     }

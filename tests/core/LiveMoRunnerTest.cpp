@@ -1,6 +1,7 @@
 #include "core/LiveMoRunner.h"
 
 #include "core/StatusSample.h"
+#include "support/OpenDescriptors.h"
 #include "support/ScopedHome.h"
 #include "support/qt/EventLoop.h"
 #include "support/qt/ManualClock.h"

@@ -82,6 +82,19 @@ TEST(EnrichApp, ABundleOfOtherBytesThanThePathTellsIsNotMeasured)
     EXPECT_EQ(app.installedDate, std::nullopt);
 }
 
+TEST(EnrichApp, WhatWasFilledBeforeDoesNotStayWhereThePathIsNone)
+{
+    TempTree tree;
+    UninstallApp app = appAt(tree.folder("Foo.app") + std::string("\0.app", 5));
+    app.version = "old";
+    app.installedDate = std::chrono::system_clock::now();
+    app.bundleBytes = 77;
+    app = enrichApp(std::move(app));
+    EXPECT_EQ(app.version, std::nullopt);
+    EXPECT_EQ(app.installedDate, std::nullopt);
+    EXPECT_EQ(app.bundleBytes, 0);
+}
+
 TEST(EnrichApp, ABundleThatIsALinkHasTheBytesOfTheLink)
 {
     TempTree tree;

@@ -64,12 +64,6 @@ bool isGone(int pid)
            std::string_view("ZX").find(stat[name + 2]) != std::string_view::npos;
 }
 
-std::size_t openDescriptors()
-{
-    const std::filesystem::directory_iterator open("/proc/self/fd");
-    return static_cast<std::size_t>(std::distance(begin(open), end(open)));
-}
-
 std::int64_t bySize(std::int64_t usual, std::int64_t large)
 {
     const char* wish = std::getenv("ZOLVA_LONG");

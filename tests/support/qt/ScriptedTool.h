@@ -32,9 +32,6 @@ private:
 /// Whether no process of that id runs any more; one that only nobody has collected yet does not.
 [[nodiscard]] bool isGone(int pid);
 
-/// The descriptors that this process has open.
-[[nodiscard]] std::size_t openDescriptors();
-
 /// `usual`, or `large` where the environment asks for long runs (ZOLVA_LONG=1).
 [[nodiscard]] std::int64_t bySize(std::int64_t usual, std::int64_t large);
 
