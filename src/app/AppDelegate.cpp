@@ -71,7 +71,7 @@ void AppDelegate::shouldTerminate()
 {
     if (!m_model) {
         Q_EMIT terminate();
-    } else if (m_model->quit()->isAsking()) {
+    } else if (m_model->quit()->isAsking() || m_model->quit()->isLeaving()) {
         shouldHandleReopen();
     } else {
         m_model->quit()->ask();
@@ -83,7 +83,7 @@ bool AppDelegate::mayEndSession()
     if (!m_model || !m_model->bulk()->present()) {
         return true;
     }
-    m_model->quit()->ask();
+    shouldTerminate();
     return false;
 }
 

@@ -266,6 +266,34 @@ TEST_F(Delegate, HoldsUpTheEndOfTheSessionOnlyForARun)
     EXPECT_TRUE(quit().isAsking());
 }
 
+TEST_F(Delegate, ShowsWhatHoldsUpTheEndOfTheSessionAlsoWhileAStoppedRunEnds)
+{
+    delegate.setModel(screens.get());
+    runs().setBulk(BulkProgress{});
+    delegate.shouldTerminate();
+    window.hide();
+    EXPECT_FALSE(delegate.mayEndSession());
+    EXPECT_TRUE(window.isVisible()) << "it asks still";
+    quit().stopAndQuit();
+    window.hide();
+    EXPECT_FALSE(delegate.mayEndSession());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(quit().isAsking()) << "that is answered";
+    EXPECT_EQ(ended.count(), 0);
+}
+
+TEST_F(Delegate, ShowsTheWindowToWhomeverWantsToQuitWhileAStoppedRunEnds)
+{
+    delegate.setModel(screens.get());
+    runs().setBulk(BulkProgress{});
+    delegate.shouldTerminate();
+    quit().stopAndQuit();
+    window.hide();
+    delegate.shouldTerminate();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(ended.count(), 0);
+}
+
 TEST_F(Delegate, IsAskedByTheApplicationsOwnWishToQuit)
 {
     delegate.setModel(screens.get());
