@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "async/Unawaited.h"
+#include "desktop/FocusLeave.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -101,6 +102,12 @@ void AppDelegate::shouldHandleReopen()
     }
     m_window->raise();
     m_window->requestActivate();
+}
+
+void AppDelegate::reopen(const QString& token)
+{
+    const FocusLeave leave(token);
+    shouldHandleReopen();
 }
 
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event)

@@ -96,7 +96,7 @@ int showAndWait(SingleInstance& place)
     if (!zolva.showWindow()) {
         complain(brokenWindow, 1);
     }
-    QObject::connect(&place, &SingleInstance::asked, &zolva, [&zolva] { zolva.reopen(); });
+    QObject::connect(&place, &SingleInstance::asked, &zolva, &ZolvaApp::reopen);
     return QGuiApplication::exec();
 }
 

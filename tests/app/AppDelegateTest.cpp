@@ -155,6 +155,19 @@ TEST_F(Delegate, BringsTheClosedWindowBack)
     EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(Delegate, BringsTheWindowBackWithTheLeaveToTakeTheFocusAndLeavesThatNowhere)
+{
+    constexpr auto variable = "XDG_ACTIVATION_TOKEN";
+    window.hide();
+    QByteArray seen;
+    QObject::connect(&window, &QWindow::visibleChanged, &delegate,
+                     [&] { seen = qgetenv(variable); });
+    delegate.reopen(QStringLiteral("leave 7"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(seen, "leave 7");
+    EXPECT_FALSE(qEnvironmentVariableIsSet(variable));
+}
+
 TEST_F(Delegate, EndsWhereTheIconIsGoneForGoodAndTheWindowClosed)
 {
     delegate.setModel(screens.get());
