@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "async/Unawaited.h"
+#include "desktop/FocusLeave.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -71,7 +72,7 @@ void AppDelegate::shouldTerminate()
 {
     if (!m_model) {
         Q_EMIT terminate();
-    } else if (m_model->quit()->isAsking()) {
+    } else if (m_model->quit()->isAsking() || m_model->quit()->isLeaving()) {
         shouldHandleReopen();
     } else {
         m_model->quit()->ask();
@@ -83,7 +84,7 @@ bool AppDelegate::mayEndSession()
     if (!m_model || !m_model->bulk()->present()) {
         return true;
     }
-    m_model->quit()->ask();
+    shouldTerminate();
     return false;
 }
 
@@ -101,6 +102,12 @@ void AppDelegate::shouldHandleReopen()
     }
     m_window->raise();
     m_window->requestActivate();
+}
+
+void AppDelegate::reopen(const QString& token)
+{
+    const FocusLeave leave(token);
+    shouldHandleReopen();
 }
 
 bool AppDelegate::eventFilter(QObject* watched, QEvent* event)

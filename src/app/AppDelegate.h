@@ -36,14 +36,18 @@ public:
 
     /// Somebody wants to close the window: it hides, or that is a wish to quit.
     Q_SLOT void shouldClose();
-    /// Somebody wants the program to end: `terminate` follows, or the alert is up.
+    /// Somebody wants the program to end: `terminate` follows, or the window is there with the
+    /// alert, or with the run whose end is waited for.
     void shouldTerminate();
     /// The session ends, and this program with it: false if that would cut a run short, and the
-    /// alert is up.
+    /// window is there to say so.
     [[nodiscard]] bool mayEndSession();
-    /// Somebody started the program again, or there is something to answer: brings back a window
-    /// that is closed or minimised, and brings it to the front.
+    /// There is something to see or to answer: brings back a window that is closed or minimised,
+    /// and brings it to the front.
     void shouldHandleReopen();
+    /// Likewise, as somebody started the program again. The token is the desktop's leave to take
+    /// the focus, and may be empty.
+    void reopen(const QString& token);
 
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -7,6 +7,7 @@
 #include "desktop/Display.h"
 #include "desktop/SingleInstance.h"
 #include "diagnostics/Log.h"
+#include "platform/Environment.h"
 
 #include <QGuiApplication>
 
@@ -95,7 +96,7 @@ int showAndWait(SingleInstance& place)
     if (!zolva.showWindow()) {
         complain(brokenWindow, 1);
     }
-    QObject::connect(&place, &SingleInstance::asked, &zolva, [&zolva] { zolva.reopen(); });
+    QObject::connect(&place, &SingleInstance::asked, &zolva, &ZolvaApp::reopen);
     return QGuiApplication::exec();
 }
 
@@ -107,6 +108,8 @@ void runProgram(int argc, char** argv)
         std::fputs(answer->c_str(), stdout);
         leave(0);
     }
+    // From here on the toolkit may change it.
+    keepEnvironment();
     const auto application = makeApplication(argc, argv);
     // What the toolkit knows is not among them any more.
     if (const auto complaint = complaintAbout(argumentsOf(argc, argv))) {

@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
+#include <QString>
 
 #include <memory>
 
@@ -29,8 +30,8 @@ public:
 
     /// Loads the window, and shows it with the next turns of the event loop. False if it is broken.
     [[nodiscard]] bool showWindow();
-    /// Brings it back and to the front.
-    void reopen() { m_delegate.shouldHandleReopen(); }
+    /// Brings it back and to the front; the token is the desktop's leave for that.
+    void reopen(const QString& token) { m_delegate.reopen(token); }
 
 private:
     [[nodiscard]] AppDependencies dependencies();

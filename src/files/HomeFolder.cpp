@@ -1,12 +1,12 @@
 #include "files/HomeFolder.h"
 
 #include "files/PathText.h"
+#include "platform/Environment.h"
 
 #include <pwd.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -42,7 +42,7 @@ std::optional<std::string> homeOfEntry(const Ask& ask)
 
 std::string homeFolder()
 {
-    const char* variable = std::getenv("HOME");
+    const char* variable = environmentValue("HOME");
     if (variable != nullptr && *variable == '/') {
         return withTidySlashes(variable);
     }

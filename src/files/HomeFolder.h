@@ -7,7 +7,7 @@ namespace zolva {
 
 /// The user's home folder: `$HOME`, or the account's where that is unset, empty or relative.
 /// Doubled and trailing slashes are tidied; no link is resolved; never empty ("/" at the least).
-/// Any thread, as long as nobody changes the environment meanwhile.
+/// Any thread, if the environment is kept or nobody changes it meanwhile.
 [[nodiscard]] std::string homeFolder();
 
 /// The home folder that the named account has in the system's list of accounts, tidied likewise;

@@ -1,5 +1,7 @@
 #include "platform/AdminMove.h"
 
+#include "platform/Environment.h"
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -7,8 +9,6 @@
 
 #include <cerrno>
 #include <csignal>
-
-extern char** environ;
 
 namespace zolva {
 
@@ -68,7 +68,7 @@ int runTool(const std::vector<std::string>& command)
     const SpawnSettings settings;
     pid_t child = 0;
     if (::posix_spawn(&child, arguments.front(), &settings.actions, &settings.attributes,
-                      arguments.data(), environ) != 0) {
+                      arguments.data(), wholeEnvironment()) != 0) {
         return -1;
     }
     int status = 0;

@@ -44,10 +44,12 @@ bool isStatusAlone(const QNetworkReply& reply)
 {
     constexpr int firstOfStatus = QNetworkReply::ContentAccessDenied;
     constexpr int firstThatIsAnError = 400;
-    // A body that broke off, or a way on that cannot be gone, comes with a status that is none.
+    // A body that broke off, or a way on that cannot be gone, comes with a status that is none; the
+    // refusal of a proxy, which has an error of an earlier group, with none where it is one's own.
     return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >=
                firstThatIsAnError &&
-           reply.error() >= firstOfStatus;
+           (reply.error() >= firstOfStatus ||
+            reply.error() == QNetworkReply::ProxyAuthenticationRequiredError);
 }
 
 /// One document on its way, to be awaited once. It may end when its `done` has.

@@ -155,6 +155,19 @@ TEST_F(Delegate, BringsTheClosedWindowBack)
     EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(Delegate, BringsTheWindowBackWithTheLeaveToTakeTheFocusAndLeavesThatNowhere)
+{
+    constexpr auto variable = "XDG_ACTIVATION_TOKEN";
+    window.hide();
+    QByteArray seen;
+    QObject::connect(&window, &QWindow::visibleChanged, &delegate,
+                     [&] { seen = qgetenv(variable); });
+    delegate.reopen(QStringLiteral("leave 7"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(seen, "leave 7");
+    EXPECT_FALSE(qEnvironmentVariableIsSet(variable));
+}
+
 TEST_F(Delegate, EndsWhereTheIconIsGoneForGoodAndTheWindowClosed)
 {
     delegate.setModel(screens.get());
@@ -264,6 +277,34 @@ TEST_F(Delegate, HoldsUpTheEndOfTheSessionOnlyForARun)
     runs().setBulk(BulkProgress{});
     EXPECT_FALSE(delegate.mayEndSession());
     EXPECT_TRUE(quit().isAsking());
+}
+
+TEST_F(Delegate, ShowsWhatHoldsUpTheEndOfTheSessionAlsoWhileAStoppedRunEnds)
+{
+    delegate.setModel(screens.get());
+    runs().setBulk(BulkProgress{});
+    delegate.shouldTerminate();
+    window.hide();
+    EXPECT_FALSE(delegate.mayEndSession());
+    EXPECT_TRUE(window.isVisible()) << "it asks still";
+    quit().stopAndQuit();
+    window.hide();
+    EXPECT_FALSE(delegate.mayEndSession());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(quit().isAsking()) << "that is answered";
+    EXPECT_EQ(ended.count(), 0);
+}
+
+TEST_F(Delegate, ShowsTheWindowToWhomeverWantsToQuitWhileAStoppedRunEnds)
+{
+    delegate.setModel(screens.get());
+    runs().setBulk(BulkProgress{});
+    delegate.shouldTerminate();
+    quit().stopAndQuit();
+    window.hide();
+    delegate.shouldTerminate();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(ended.count(), 0);
 }
 
 TEST_F(Delegate, IsAskedByTheApplicationsOwnWishToQuit)

@@ -261,13 +261,28 @@ TEST_F(Item, WheelChangesNothing)
     EXPECT_TRUE(clicks.empty());
 }
 
-TEST_F(Item, PassesOnTheLeaveToTakeTheFocus)
+TEST_F(Item, LeaveToTakeTheFocusIsForTheOneClickThatFollows)
 {
     show();
-    EXPECT_TRUE(
-        did(itemInterface, itemPath, "ProvideXdgActivationToken", {QStringLiteral("leave 7")}));
-    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "leave 7");
-    qunsetenv("XDG_ACTIVATION_TOKEN");
+    constexpr auto variable = "XDG_ACTIVATION_TOKEN";
+    const auto give = [this](const char* token) {
+        EXPECT_TRUE(did(itemInterface, itemPath, "ProvideXdgActivationToken",
+                        {QString::fromLatin1(token)}));
+    };
+    give("leave 7");
+    EXPECT_FALSE(qEnvironmentVariableIsSet(variable)) << "nothing was clicked yet";
+    QByteArrayList seen;
+    const auto look = [&seen] { seen.append(qgetenv(variable)); };
+    QObject::connect(&item, &TrayItem::activated, &context, look);
+    QObject::connect(&item, &TrayItem::chosen, &context, look);
+    EXPECT_TRUE(click("Activate", 1, 2));
+    EXPECT_FALSE(qEnvironmentVariableIsSet(variable));
+    EXPECT_TRUE(click("Activate", 1, 2));
+    give("leave 8");
+    EXPECT_TRUE(menuEvent(1, "clicked"));
+    EXPECT_FALSE(qEnvironmentVariableIsSet(variable));
+    EXPECT_TRUE(menuEvent(1, "clicked"));
+    EXPECT_EQ(seen, (QByteArrayList{"leave 7", {}, "leave 8", {}}));
 }
 
 TEST_F(Item, MenuHasTheEntriesInTheirOrder)

@@ -1,5 +1,7 @@
 #include "files/HomeFolder.h"
 
+#include "platform/Environment.h"
+#include "support/InChild.h"
 #include "support/ScopedHome.h"
 #include "support/TempTree.h"
 
@@ -83,6 +85,16 @@ TEST(HomeFolder, FollowsTheVariableFromCallToCall)
     EXPECT_EQ(homeFolder(), "/home/one");
     const ScopedVariable second("HOME", "/home/two");
     EXPECT_EQ(homeFolder(), "/home/two");
+}
+
+TEST(HomeFolder, IsThatOfTheKeptEnvironmentWhateverIsSetLater)
+{
+    test::inChild([] {
+        const ScopedVariable first("HOME", "/home/one");
+        keepEnvironment();
+        const ScopedVariable second("HOME", "/home/two");
+        EXPECT_EQ(homeFolder(), "/home/one");
+    });
 }
 
 TEST(AccountHome, IsThatOfTheAccountsEntry)

@@ -121,13 +121,20 @@ TEST_F(Config, OfTheTemplateIsReadAndOfNoUse)
     EXPECT_FALSE(isUsableSetting(shipped.manifestURL));
 }
 
-TEST(UsableSetting, IsAnyTextThatIsNoTemplatesValue)
+TEST(UsableSetting, IsAnyTextButAnEmptyOneOrATemplatesValue)
 {
     EXPECT_TRUE(isUsableSetting("x"));
     EXPECT_TRUE(isUsableSetting(" x\n"));
     EXPECT_TRUE(isUsableSetting("REPLACE ME"));
-    for (const char* text : {"", " ", "\n\t ", "REPLACE_ME", "  replace_me  ", "Replace_Me",
-                             "https://REPLACE_ME.org", "key: replace_me, please"}) {
+    for (const char* text : {"", " ", "\n\t ", "REPLACE_ME"}) {
+        EXPECT_FALSE(isUsableSetting(text)) << text;
+    }
+}
+
+TEST(UsableSetting, IsNoneWithATemplatesValueInAnyCaseNorWithMoreTextAroundIt)
+{
+    for (const char* text :
+         {"  replace_me  ", "Replace_Me", "https://REPLACE_ME.org", "key: replace_me, please"}) {
         EXPECT_FALSE(isUsableSetting(text)) << text;
     }
 }

@@ -142,7 +142,8 @@ TEST_F(Feed, CountsWhateverTheStatusOfTheAnswer)
 {
     const std::string manifest = manifestOf(6);
     for (const char* status : {"404 Not Found", "400 Bad Request", "401 Unauthorized",
-                               "500 Internal Server Error", "503 Service Unavailable"}) {
+                               "407 Proxy Authentication Required", "500 Internal Server Error",
+                               "503 Service Unavailable"}) {
         server.document(path, QByteArray::fromStdString(manifest), status);
         server.document(signaturePath, QByteArray::fromStdString(key.sign(manifest)), status);
         EXPECT_TRUE(std::holds_alternative<UpdateAvailable>(check())) << status;

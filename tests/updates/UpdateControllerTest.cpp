@@ -207,12 +207,19 @@ TEST_F(Updates, ATimeInTheFutureHoldsThemBackUntilADayAfterIt)
     EXPECT_EQ(checks.size(), 1U);
 }
 
-TEST_F(Updates, ATimeBelowNoughtCountsAsNone)
+TEST_F(Updates, ATimeOfNoughtOrBelowCountsAsNoneAndACheckRuns)
 {
     startConfigured();
-    lastCheck = -1;
-    checkIfDue();
-    EXPECT_EQ(checks.size(), 1U);
+    // Within a day of either, where a time above nought would hold it back.
+    const std::chrono::system_clock::time_point nought;
+    std::size_t expected = 0;
+    for (const double none : {0.0, -1.0}) {
+        clock.setWall(nought + 1h);
+        lastCheck = none;
+        checkIfDue();
+        EXPECT_EQ(checks.size(), ++expected) << none;
+        clock.advance(checkTakes);
+    }
 }
 
 TEST_F(Updates, AProgramThatStaysOpenChecksOnce)

@@ -2,6 +2,7 @@
 
 #include "core/Resources.h"
 #include "desktop/DesktopId.h"
+#include "desktop/FocusLeave.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -62,7 +63,10 @@ StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, const std::st
 {
     registerTrayTypes();
     new StatusNotifierDoor(this);
-    connect(&m_menu, &TrayMenu::chosen, this, &TrayItem::chosen);
+    connect(&m_menu, &TrayMenu::chosen, this, [this](int entry) {
+        const FocusLeave leave(std::exchange(m_token, {}));
+        Q_EMIT chosen(entry);
+    });
 }
 
 StatusNotifierItem::~StatusNotifierItem()
@@ -176,6 +180,12 @@ void StatusNotifierItem::setOnDark(bool isDark)
     }
 }
 
+void StatusNotifierItem::click(const QRect& place)
+{
+    const FocusLeave leave(std::exchange(m_token, {}));
+    Q_EMIT activated(place);
+}
+
 StatusNotifierDoor::StatusNotifierDoor(StatusNotifierItem* item)
     : QDBusAbstractAdaptor(item), m_item(item)
 {
@@ -221,7 +231,7 @@ QDBusObjectPath StatusNotifierDoor::menu()
 void StatusNotifierDoor::Activate(int x, int y)
 {
     // Those that cannot tell say the origin.
-    Q_EMIT m_item->activated(x == 0 && y == 0 ? QRect() : QRect(x, y, 1, 1));
+    m_item->click(x == 0 && y == 0 ? QRect() : QRect(x, y, 1, 1));
 }
 
 void StatusNotifierDoor::SecondaryActivate(int x, int y)
@@ -237,10 +247,9 @@ void StatusNotifierDoor::ContextMenu(int x, int y)
 
 void StatusNotifierDoor::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
-// The leave to take the focus, for the click that follows; the toolkit looks for it there.
 void StatusNotifierDoor::ProvideXdgActivationToken(const QString& token)
 {
-    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    m_item->takeToken(token);
 }
 
 std::unique_ptr<TrayItem> systemTrayItem()

@@ -37,6 +37,10 @@ public:
     [[nodiscard]] const QString& iconFolder() const { return m_iconFolder; }
     [[nodiscard]] bool isOnDark() const { return m_isOnDark; }
 
+    /// The leave to take the focus, for the one click that follows.
+    void takeToken(const QString& token) { m_token = token; }
+    void click(const QRect& place);
+
 Q_SIGNALS:
     void textsChanged();
     void iconChanged();
@@ -57,6 +61,7 @@ private:
     QString m_iconFolder;
     QString m_name;  ///< on the bus
     QString m_owner; ///< the watcher that was told of it
+    QString m_token; ///< not yet used
     bool m_isOnDark = false;
     bool m_isRegistered = false;
     bool m_hasHost = false;

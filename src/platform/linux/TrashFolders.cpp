@@ -1,5 +1,6 @@
 #include "platform/linux/TrashFolders.h"
 
+#include "platform/Environment.h"
 #include "platform/OpenFolder.h"
 #include "platform/linux/MountTop.h"
 
@@ -9,7 +10,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -181,7 +181,7 @@ tl::expected<TrashFolders, TrashFailure> openPlace(const VolumePlace& place)
 
 std::string homeTrashPath(const std::string& home)
 {
-    const char* data = std::getenv("XDG_DATA_HOME"); // NOLINT(concurrency-mt-unsafe)
+    const char* data = environmentValue("XDG_DATA_HOME");
     std::string base = data != nullptr && *data == '/' ? data : home + "/.local/share";
     while (base.size() > 1 && base.back() == '/') {
         base.pop_back();

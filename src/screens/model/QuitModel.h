@@ -26,6 +26,8 @@ public:
     QuitModel(AppModel& model, Clock& clock, QObject* parent = nullptr);
 
     [[nodiscard]] bool isAsking() const { return m_isAsking; }
+    /// It was told to stop and quit, and waits for the end of the run.
+    [[nodiscard]] bool isLeaving() const { return m_isLeaving; }
     [[nodiscard]] QString message() const;
     [[nodiscard]] QString detail() const;
     [[nodiscard]] QString keepGoingTitle() const;
