@@ -36,7 +36,7 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
         }
         tools.state->setCurrent(QString::fromStdString(displayText(entry.at)));
         tl::expected<Deletion, std::string> deletion =
-            co_await background(&deleteOn, tools.disk, entry);
+            co_await backgroundStep(&deleteOn, tools.disk, entry);
         if (!deletion) {
             report.failures.push_back(std::move(deletion.error()));
         } else if (*deletion == Deletion::Done) {
@@ -46,14 +46,14 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
             tools.state->setDone(++done);
         }
     }
-    co_await background(&sweepOn, tools.disk);
+    co_await backgroundStep(&sweepOn, tools.disk);
     co_return report;
 }
 
 /// Of an empty Trash, what nobody sees may still take room.
 QCoro::Task<> sweepOnly(RunTools tools)
 {
-    co_await background(&sweepOn, tools.disk);
+    co_await backgroundStep(&sweepOn, tools.disk);
     if (tools.state) {
         tools.space.refreshFreeSpace();
     }

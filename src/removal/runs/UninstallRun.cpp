@@ -64,13 +64,13 @@ QCoro::Task<bool> firstPass(UninstallTools tools, UninstallApp app, Apps apps)
     }
     // Only now: an application that quits may write.
     std::vector<std::string> paths =
-        co_await background(&ownPaths, tools.scanResidue, app, std::move(apps));
+        co_await backgroundStep(&ownPaths, tools.scanResidue, app, std::move(apps));
     if (!run.state) {
         co_return wasRunning;
     }
     paths = withoutExcluded(paths, run.settings.whitelist());
     const OwnMoves own(run.trash);
-    const bool moved = co_await background(&removeForGood, run.disk, std::move(paths));
+    const bool moved = co_await backgroundStep(&removeForGood, run.disk, std::move(paths));
     if (run.state && moved) {
         run.trash.noteJustTrashed();
     }
@@ -189,14 +189,14 @@ QCoro::Task<bool> adminPass(UninstallTools tools, UninstallApp app, Apps apps)
 {
     const RunTools& run = tools.run;
     const std::vector<std::string> paths =
-        co_await background(&ownPaths, tools.scanResidue, app, std::move(apps));
+        co_await backgroundStep(&ownPaths, tools.scanResidue, app, std::move(apps));
     for (const std::string& path : paths) {
         if (!run.state) {
             break;
         }
         if (run.disk->exists(path)) {
             // Only what is on the disk afterwards counts.
-            static_cast<void>(co_await background(&adminMoveOn, run.disk, path));
+            static_cast<void>(co_await backgroundStep(&adminMoveOn, run.disk, path));
         }
     }
     co_return !run.disk->exists(app.path);
