@@ -27,7 +27,9 @@ constexpr auto noDisplay = "zolva: there is no display to show a window on.\n"
 constexpr auto brokenWindow = "zolva: the window cannot be made.\n";
 constexpr auto silent = "zolva: Zolva is running already, and does not answer.\n";
 
-/// Work on other threads only reads by now, and is not waited for.
+/// Work on other threads is not waited for. It reads, or is a step of a removal, which ends as at
+/// any sudden death: what was to be moved is whole in one place or the other, and what is half
+/// deleted lies out of sight until the next sweep.
 [[noreturn]] void leave(int code)
 {
     std::fflush(nullptr);

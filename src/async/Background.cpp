@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QObject>
+#include <QPointer>
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -18,8 +19,10 @@ namespace {
 /// Scans wait for the disk more than they compute, and a short read must not queue behind long
 /// ones.
 constexpr int fewestThreads = 8;
+/// A bulk run and some uninstalls, one of which may wait for a password.
+constexpr int removalThreads = 4;
 
-QThreadPool& pool()
+QThreadPool& readPool()
 {
     static QThreadPool& threads = []() -> QThreadPool& {
         QThreadPool& shared = *QThreadPool::globalInstance();
@@ -29,6 +32,17 @@ QThreadPool& pool()
     return threads;
 }
 
+/// Of the application, which waits for the work of both when it ends.
+QThreadPool& removalPool()
+{
+    static QPointer<QThreadPool> threads;
+    if (!threads) {
+        threads = new QThreadPool(QCoreApplication::instance());
+        threads->setMaxThreadCount(removalThreads);
+    }
+    return *threads;
+}
+
 } // namespace
 
 /// Qt's queues order the two threads by means that the thread sanitizer cannot see; the two flags
@@ -36,13 +50,16 @@ QThreadPool& pool()
 class PoolWork::State final : public QObject, public QRunnable
 {
 public:
-    explicit State(std::function<void()> work) : m_work(std::move(work)) { setAutoDelete(false); }
+    State(Pool pool, std::function<void()> work) : m_pool(pool), m_work(std::move(work))
+    {
+        setAutoDelete(false);
+    }
 
     void start(std::coroutine_handle<> caller)
     {
         m_caller = caller;
         m_handedOver.store(true, std::memory_order_release);
-        pool().start(this);
+        (m_pool == Pool::Removals ? removalPool() : readPool()).start(this);
     }
 
     // Nothing may be thrown past here: the last-chance hook runs where the exception rose.
@@ -66,13 +83,15 @@ public:
     }
 
 private:
+    Pool m_pool;
     std::function<void()> m_work;
     std::coroutine_handle<> m_caller;
     std::atomic<bool> m_handedOver = false;
     std::atomic<bool> m_done = false;
 };
 
-PoolWork::PoolWork(std::function<void()> work) : m_state(std::make_unique<State>(std::move(work)))
+PoolWork::PoolWork(Pool pool, std::function<void()> work)
+    : m_state(std::make_unique<State>(pool, std::move(work)))
 {}
 
 PoolWork::~PoolWork() = default;

@@ -13,8 +13,15 @@ namespace zolva {
 
 namespace detail {
 
-/// One piece of work for a thread of the pool, to be awaited once: `co_await work.done()`. Who
-/// awaits is resumed by the event loop of the thread that did. The work must not throw.
+enum class Pool
+{
+    Reads,
+    Removals
+};
+
+/// One piece of work for a thread of a pool, to be awaited once: `co_await work.done()`. Who awaits
+/// is resumed by the event loop of the thread that did, which is the main one. The work must not
+/// throw.
 class PoolWork
 {
 public:
@@ -29,7 +36,7 @@ public:
         void await_resume() const noexcept {}
     };
 
-    explicit PoolWork(std::function<void()> work);
+    PoolWork(Pool pool, std::function<void()> work);
     ~PoolWork();
     PoolWork(const PoolWork&) = delete;
     PoolWork& operator=(const PoolWork&) = delete;
@@ -39,6 +46,23 @@ public:
 private:
     std::unique_ptr<State> m_state;
 };
+
+template <typename Fn, typename... Args>
+[[nodiscard]] QCoro::Task<std::invoke_result_t<Fn, Args...>> inPool(Pool pool, Fn fn, Args... args)
+{
+    using Result = std::invoke_result_t<Fn, Args...>;
+    // The coroutine's frame stays in place until the work has ended, so the work may refer to it.
+    if constexpr (std::is_void_v<Result>) {
+        PoolWork work(pool, [&] { std::invoke(std::move(fn), std::move(args)...); });
+        co_await work.done();
+    } else {
+        std::optional<Result> result;
+        PoolWork work(pool,
+                      [&] { result.emplace(std::invoke(std::move(fn), std::move(args)...)); });
+        co_await work.done();
+        co_return std::move(*result);
+    }
+}
 
 } // namespace detail
 
@@ -50,18 +74,14 @@ private:
 template <typename Fn, typename... Args>
 [[nodiscard]] QCoro::Task<std::invoke_result_t<Fn, Args...>> background(Fn fn, Args... args)
 {
-    using Result = std::invoke_result_t<Fn, Args...>;
-    // The coroutine's frame stays in place until the work has ended, so the work may refer to it.
-    if constexpr (std::is_void_v<Result>) {
-        detail::PoolWork work([&] { std::invoke(std::move(fn), std::move(args)...); });
-        co_await work.done();
-    } else {
-        std::optional<Result> result;
-        detail::PoolWork work(
-            [&] { result.emplace(std::invoke(std::move(fn), std::move(args)...)); });
-        co_await work.done();
-        co_return std::move(*result);
-    }
+    return detail::inPool(detail::Pool::Reads, std::move(fn), std::move(args)...);
+}
+
+/// The same for a step of a removal, which waits for no scan: it has threads of its own.
+template <typename Fn, typename... Args>
+[[nodiscard]] QCoro::Task<std::invoke_result_t<Fn, Args...>> backgroundStep(Fn fn, Args... args)
+{
+    return detail::inPool(detail::Pool::Removals, std::move(fn), std::move(args)...);
 }
 
 } // namespace zolva

@@ -119,8 +119,11 @@ void AppLists::forgetProjects()
     Q_EMIT liveProjectsChanged();
 }
 
-int AppLists::beginInstallers()
+int AppLists::beginInstallers(Removal removal)
 {
+    if (removal == Removal::None) {
+        m_dropped.clear();
+    }
     const int gen = ++m_installerGen;
     m_installerState = Loadable<Nothing>::loading();
     Q_EMIT installersChanged();
@@ -132,6 +135,7 @@ void AppLists::takeInstallers(int gen, std::vector<InstallerItem> found)
     if (gen != m_installerGen) {
         return;
     }
+    std::erase_if(found, [this](const InstallerItem& item) { return m_dropped.contains(item.p); });
     m_installerList = std::move(found);
     m_instPicked.clear();
     m_installerState = Loadable<Nothing>::loaded({});
@@ -141,9 +145,9 @@ void AppLists::takeInstallers(int gen, std::vector<InstallerItem> found)
 
 void AppLists::dropInstallers(const Keys& paths)
 {
-    const std::set<std::string> dropped(paths.begin(), paths.end());
+    m_dropped.insert(paths.begin(), paths.end());
     std::erase_if(m_installerList,
-                  [&](const InstallerItem& item) { return dropped.contains(item.p); });
+                  [this](const InstallerItem& item) { return m_dropped.contains(item.p); });
     putAll(m_instPicked, paths, false);
     Q_EMIT installersChanged();
     Q_EMIT instPickedChanged();

@@ -71,12 +71,18 @@ public:
     void forgetCategories();
     void forgetProjects();
 
+    enum class Removal
+    {
+        None,
+        IsGoing ///< what was dropped may still be on the disk, and be found
+    };
     /// A scan of the installers has begun; gives its number.
-    int beginInstallers();
+    int beginInstallers(Removal removal);
     /// The result of the scan of that number; dropped if a newer one has begun. Nothing stays
     /// picked.
     void takeInstallers(int gen, std::vector<InstallerItem> found);
-    /// Takes rows, and their ticks, away by their paths.
+    /// Takes rows, and their ticks, away by their paths. No scan brings them back that begins
+    /// before their removal has ended.
     void dropInstallers(const Keys& paths);
 
 Q_SIGNALS:
@@ -95,6 +101,7 @@ private:
     std::vector<InstallerItem> m_installerList;
     Loadable<Nothing> m_installerState;
     int m_installerGen = 0;
+    PickSet m_dropped; ///< what the scan that is going may find and no list is to show
     PickMap m_sel;
     PickSet m_projPicked;
     PickSet m_instPicked;

@@ -89,7 +89,9 @@ QCoro::Task<> AppModel::scanPurge(bool force)
 void AppModel::scanInstallers()
 {
     unawaited(probeAccess());
-    unawaited(readInstallers(m_lists.beginInstallers()));
+    const auto removal =
+        m_removal.runs().bulk() ? AppLists::Removal::IsGoing : AppLists::Removal::None;
+    unawaited(readInstallers(m_lists.beginInstallers(removal)));
 }
 
 QCoro::Task<> AppModel::readInstallers(int gen)

@@ -3,6 +3,7 @@
 #include "diagnostics/CrashCapture.h"
 
 #include "support/TempTree.h"
+#include "support/qt/BusyReads.h"
 #include "support/qt/EventLoop.h"
 
 #include <QThread>
@@ -98,6 +99,24 @@ TEST(BackgroundDeathTest, AnExceptionFromTheFunctionEndsTheProcess)
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(test::settled(background([] { throw std::runtime_error("lost"); })),
                 ::testing::KilledBySignal(SIGABRT), "lost");
+}
+
+TEST(Background, AStepOfARemovalRunsWhileEveryThreadForReadsIsBusy)
+{
+    std::vector<QCoro::Task<int>> queued;
+    {
+        const test::BusyReads reads;
+        queued.push_back(background([] { return 1; }));
+        EXPECT_EQ(test::settled(backgroundStep([](int n) { return n + 1; }, 1)), 2);
+        EXPECT_NE(test::settled(backgroundStep(whereAmI)), std::this_thread::get_id());
+        EXPECT_FALSE(queued.front().isReady()) << "they are busy indeed";
+    }
+    EXPECT_EQ(test::settled(std::move(queued.front())), 1);
+}
+
+TEST(Background, StepsOfRemovalsHaveAStackForSignalsToo)
+{
+    EXPECT_TRUE(test::settled(backgroundStep(hasAlternateStack)));
 }
 
 /// Lets the records of crashes go where a death test reads.

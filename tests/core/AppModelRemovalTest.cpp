@@ -54,6 +54,14 @@ protected:
         return texts;
     }
     [[nodiscard]] Names changes() const { return disk->changes(); }
+    [[nodiscard]] Names shownInstallers() const
+    {
+        Names paths;
+        for (const InstallerItem& item : model->lists().installerList()) {
+            paths.push_back(item.p);
+        }
+        return paths;
+    }
 };
 
 } // namespace
@@ -265,6 +273,42 @@ TEST_F(ModelRemoval, OneInstallerGoesWithoutASheetUnlessARunIsGoing)
     EXPECT_EQ(m.lists().installerList().size(), 1U);
     untilIdle(m);
     EXPECT_EQ(changes(), (Names{"trash /i"}));
+}
+
+TEST_F(ModelRemoval, AScanBegunBeforeTheRemovalOfAnInstallerDoesNotBringItsRowBack)
+{
+    disk->put("/i", 4000);
+    AppModel& m = cleaned();
+    m.scanForMenu();
+    m.removeInstaller(image("/i", 4000));
+    installers.answer(1, {image("/i", 4000), image("/j", 5000)});
+    EXPECT_EQ(shownInstallers(), (Names{"/j"}));
+    untilIdle(m);
+    EXPECT_EQ(shownInstallers(), (Names{"/j"}));
+}
+
+TEST_F(ModelRemoval, AScanThatFindsAnInstallerJustBeforeItGoesDoesNotBringItsRowBack)
+{
+    disk->put("/i", 4000);
+    AppModel& m = cleaned();
+    m.removeInstaller(image("/i", 4000));
+    m.scanForMenu();
+    untilIdle(m);
+    installers.answer(1, {image("/i", 4000), image("/j", 5000)});
+    EXPECT_EQ(shownInstallers(), (Names{"/j"}));
+}
+
+TEST_F(ModelRemoval, AnInstallerThatCouldNotBeRemovedIsFoundByTheNextScan)
+{
+    disk->put("/i", 4000);
+    disk->fail("/i", "not permitted");
+    AppModel& m = cleaned();
+    m.removeInstaller(image("/i", 4000));
+    untilIdle(m);
+    EXPECT_EQ(shownInstallers(), (Names{"/j"}));
+    m.scanForMenu();
+    installers.answer(1, {image("/i", 4000), image("/j", 5000)});
+    EXPECT_EQ(shownInstallers(), (Names{"/i", "/j"}));
 }
 
 TEST_F(ModelRemoval, AnUninstallTakesTheTickedRowsAwayAndPutsTheStuckOnesBack)

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace zolva {
 namespace {
 
@@ -60,6 +62,55 @@ TEST(Authenticate, ACancelledPromptIsTold)
     EXPECT_TRUE(b.bench.disk->exists("/Applications/Two.app"));
 }
 
+TEST(Authenticate, WhileTheListIsReadAnewTheOneOfTheFirstPassStillTellsWhatIsShared)
+{
+    StuckBench b;
+    b.bench.disk->allowAdmin("/Applications/Two.app");
+    b.list.apps.reset(); // as a rescan does
+    b.authenticate();
+    EXPECT_EQ(b.bench.toastTexts().back(), "success: Uninstalled 1 app");
+    EXPECT_EQ(b.scans->back(), "Two: One Three Two");
+}
+
+TEST(Authenticate, AListThatWasReadAnewIsTheOneThatTellsWhatIsShared)
+{
+    StuckBench b;
+    b.bench.disk->allowAdmin("/Applications/Two.app");
+    b.list.apps = {app("Two"), app("Four")};
+    b.authenticate();
+    EXPECT_EQ(b.scans->back(), "Two: Two Four");
+}
+
+TEST(Authenticate, PressedTwiceItMakesOnePass)
+{
+    StuckBench b;
+    const std::size_t scans = b.scans->size();
+    const QUuid offer = b.bench.toasts.toasts().front().id;
+    b.bench.toasts.runAction(offer);
+    b.bench.toasts.runAction(offer);
+    test::pumpUntil([&] { return b.bench.toastTexts().size() > 1; });
+    test::pumpOnce();
+    EXPECT_EQ(b.scans->size(), scans + 1);
+    const auto changes = b.bench.disk->changes();
+    EXPECT_EQ(std::count(changes.begin(), changes.end(), "admin /Applications/Two.app"), 1);
+    EXPECT_EQ(b.bench.toastTexts().size(), 2U);
+}
+
+TEST(Authenticate, AfterACancelledPromptItMayBePressedAgainAndAfterASuccessThereIsNothingLeft)
+{
+    StuckBench b;
+    const QUuid offer = b.bench.toasts.toasts().front().id;
+    b.authenticate();
+    b.bench.disk->allowAdmin("/Applications/Two.app");
+    b.authenticate();
+    EXPECT_EQ(b.bench.toastTexts().back(), "success: Uninstalled 1 app");
+    const std::size_t scans = b.scans->size();
+    b.bench.toasts.runAction(offer);
+    test::pumpOnce();
+    EXPECT_EQ(b.scans->size(), scans);
+    EXPECT_EQ(b.bench.toastTexts().size(), 3U);
+}
+
 TEST(Authenticate, AsksNoExclusionList)
 {
     StuckBench b;
@@ -78,7 +129,7 @@ TEST(Authenticate, BeginsNoQuietPeriod)
     // The leftovers of the first pass began one.
     b.bench.clock.advance(3s);
     ASSERT_FALSE(b.bench.trash.didJustTrash());
-    const UninstallReport report = b.finish(retryWithAdmin(tools, {app("Two")}));
+    const UninstallReport report = b.finish(retryWithAdmin(tools, {app("Two")}, {}));
     EXPECT_EQ(report.uninstalled, 1);
     EXPECT_FALSE(b.bench.trash.didJustTrash());
 }

@@ -57,6 +57,24 @@ TEST(EmptyTrash, OneThatCannotBeDeletedIsCountedAndTheMeterStillShowsIt)
     EXPECT_EQ(bench.trash.trashBytes(), 1000);
 }
 
+TEST(EmptyTrash, WhatOthersTookMeanwhileIsNeitherCountedNorAFailure)
+{
+    RunBench bench;
+    bench.disk->putInTrash("a", 1000);
+    bench.disk->putInTrash("b", 1000);
+    auto task = emptyTrash(bench.tools());
+    bench.disk->take("/trash/b");
+    const EmptyReport report = settled(std::move(task));
+    bench.settleMeasure();
+    EXPECT_EQ(report.emptied, 1);
+    EXPECT_THAT(report.failures, IsEmpty());
+    EXPECT_THAT(bench.toastTexts(), ElementsAre("success: Trash emptied."));
+    EXPECT_THAT(bench.log.messages(),
+                ElementsAre("empty trash starting: 2 paths, 0 bytes", "purged from Trash /trash/a",
+                            "already gone /trash/b",
+                            "empty trash finished: 1 moved, 1 purged, 0 problems"));
+}
+
 TEST(EmptyTrash, AnEmptyTrashIsToldAndNothingRuns)
 {
     RunBench bench;

@@ -219,8 +219,9 @@ TEST(RunOnDisk, AnEntryThatWasExchangedSinceTheListingIsNotDeleted)
     ASSERT_EQ(listed->size(), 1U);
     ASSERT_EQ(::rename(b.home.inTrash("a").c_str(), b.home.path("restored").c_str()), 0);
     b.text(".local/share/Trash/files/a", "new");
-    EXPECT_EQ(b.disk->deleteFromTrash(listed->front()), std::nullopt);
+    EXPECT_EQ(b.disk->deleteFromTrash(listed->front()), Deletion::AlreadyGone);
     EXPECT_EQ(test::content(b.home.inTrash("a")), "new");
+    EXPECT_EQ(b.bench.log.messages().back(), "already gone " + b.home.inTrash("a"));
 }
 
 TEST(RunOnDisk, AnUnreadableTrashHasNeitherCountNorListAndAMissingOneIsEmpty)

@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <filesystem>
 #include <thread>
 
 namespace zolva {
@@ -318,6 +319,26 @@ TEST(TrashWatch, ChangesInQuickSuccessionAreHandledAsOne)
     watched.clock.advance(changeSpacing);
     EXPECT_EQ(watched.meter.trashCount(), 21);
     EXPECT_EQ(watched.toasts.rowCount(), 2);
+    test::pumpUntil([&] { return !watched.meter.isMeasuring(); });
+}
+
+TEST(TrashWatch, ATrashThatOthersRemoveAndMakeAnewIsStillWatched)
+{
+    WatchedTrash watched;
+    watched.meter.startMeters();
+    watched.drop("film.mov");
+    const auto seen = [&](std::int64_t count) {
+        watched.clock.advance(changeSpacing);
+        return watched.meter.trashCount() == count;
+    };
+    test::pumpUntil([&] { return seen(1); });
+    std::filesystem::remove_all(watched.home.trash());
+    test::pumpUntil([&] { return seen(0); });
+    test::pumpOnce();
+    watched.home.tree.folder("home/.local/share/Trash/info");
+    watched.home.tree.folder("home/.local/share/Trash/files");
+    watched.drop("another.mov");
+    test::pumpUntil([&] { return seen(1); });
     test::pumpUntil([&] { return !watched.meter.isMeasuring(); });
 }
 

@@ -54,13 +54,23 @@ TEST_F(HomeTrash, AnEntryIsDeletedAsItStandsWithItsRecord)
     m_tree.link("home/.local/share/Trash/files/link", m_home.path("kept"));
     m_tree.text("home/.local/share/Trash/info/link.trashinfo", "");
     const RecordedLog log;
-    EXPECT_TRUE(deleteTrashEntry("link").has_value());
+    EXPECT_EQ(deleteTrashEntry("link"), Deletion::Done);
     EXPECT_FALSE(stands(m_home.inTrash("link")));
     EXPECT_FALSE(stands(m_home.infoOf("link")));
     EXPECT_EQ(content(kept), "kept");
     EXPECT_EQ(log.records(),
               (std::vector<LogRecord>{{LogCategory::Remove, LogLevel::Default,
                                        "purged from Trash " + m_home.inTrash("link")}}));
+}
+
+TEST_F(HomeTrash, AnEntryThatIsAlreadyGoneIsToldAsThat)
+{
+    m_tree.folder("home/.local/share/Trash/files");
+    m_tree.folder("home/.local/share/Trash/info");
+    const RecordedLog log;
+    EXPECT_EQ(deleteTrashEntry("gone"), Deletion::AlreadyGone);
+    EXPECT_EQ(log.records(), (std::vector<LogRecord>{{LogCategory::Remove, LogLevel::Debug,
+                                                      "already gone " + m_home.inTrash("gone")}}));
 }
 
 TEST_F(HomeTrash, AnEntryThatCannotBeDeletedIsTold)

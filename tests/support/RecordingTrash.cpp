@@ -249,7 +249,7 @@ std::int64_t RecordingTrash::measureTrash(const std::atomic<bool>& stop)
     return measure ? measure(stop) : sum;
 }
 
-std::optional<std::string> RecordingTrash::deleteFromTrash(const KnownItem& entry)
+tl::expected<Deletion, std::string> RecordingTrash::deleteFromTrash(const KnownItem& entry)
 {
     const std::string& name = entry.at;
     const std::lock_guard lock(m_guard);
@@ -257,11 +257,14 @@ std::optional<std::string> RecordingTrash::deleteFromTrash(const KnownItem& entr
     const std::string path = std::string(trashPrefix) + name;
     if (const std::string* text = found(m_deleteFailures, name)) {
         log::failed(path, *text);
-        return *text;
+        return tl::unexpected(*text);
     }
-    m_things.erase(path);
+    if (m_things.erase(path) == 0) {
+        log::alreadyGone(path);
+        return Deletion::AlreadyGone;
+    }
     log::purged(path);
-    return std::nullopt;
+    return Deletion::Done;
 }
 
 } // namespace zolva::test

@@ -52,7 +52,8 @@ public:
     [[nodiscard]] std::optional<std::int64_t> trashCount() override;
     [[nodiscard]] std::optional<std::vector<KnownItem>> listTrash() override;
     [[nodiscard]] std::int64_t measureTrash(const std::atomic<bool>& stop) override;
-    [[nodiscard]] std::optional<std::string> deleteFromTrash(const KnownItem& entry) override;
+    [[nodiscard]] tl::expected<Deletion, std::string>
+    deleteFromTrash(const KnownItem& entry) override;
 
 private:
     [[nodiscard]] Move moveUnlocked(const std::string& path);

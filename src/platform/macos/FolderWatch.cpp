@@ -36,7 +36,7 @@ FolderWatch::~FolderWatch()
     }
 }
 
-void FolderWatch::drain() const
+void FolderWatch::drain()
 {
     const timespec atOnce{};
     struct kevent event;

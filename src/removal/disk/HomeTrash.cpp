@@ -58,8 +58,8 @@ tl::expected<std::vector<KnownItem>, std::string> listTrashItems()
     return items;
 }
 
-tl::expected<void, std::string> deleteTrashEntry(const std::string& name,
-                                                 const std::optional<FileIdentity>& expected)
+tl::expected<Deletion, std::string> deleteTrashEntry(const std::string& name,
+                                                     const std::optional<FileIdentity>& expected)
 {
     const std::string path = joinedPath(trashFolder(), name);
     const auto trash = pinHomeTrash(homeFolder());
@@ -68,9 +68,13 @@ tl::expected<void, std::string> deleteTrashEntry(const std::string& name,
         const bool isChild = name.find('/') == std::string::npos;
         const auto deleted = isChild ? deleteFromTrash(*trash, name, expected)
                                      : tl::unexpected(trashFailure(EINVAL, name));
-        if (deleted || deleted.error().code == ENOENT) {
+        if (deleted) {
             log::purged(path);
-            return {};
+            return Deletion::Done;
+        }
+        if (deleted.error().code == ENOENT) {
+            log::alreadyGone(path);
+            return Deletion::AlreadyGone;
         }
         failure = deleted.error();
     }

@@ -24,10 +24,17 @@ namespace zolva {
 /// The same, each with what it stands for at this moment.
 [[nodiscard]] tl::expected<std::vector<KnownItem>, std::string> listTrashItems();
 
+/// What became of an entry that nothing kept from being deleted.
+enum class Deletion
+{
+    Done,
+    AlreadyGone ///< by others; what stands there now, if anything, was not meant
+};
+
 /// Deletes one entry for good, by its name there, with its record; a link as a link. Neither guard
-/// nor containment is asked: it is a child of the Trash by its name. Writes to the log what became
-/// of it. What is already gone, or is not `expected` any more, counts as deleted.
-[[nodiscard]] tl::expected<void, std::string>
+/// nor containment is asked: it is a child of the Trash by its name. What is not `expected` any
+/// more stays. Writes to the log what became of it. The system's words where it could not go.
+[[nodiscard]] tl::expected<Deletion, std::string>
 deleteTrashEntry(const std::string& name,
                  const std::optional<FileIdentity>& expected = std::nullopt);
 

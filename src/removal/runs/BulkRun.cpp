@@ -42,7 +42,7 @@ QCoro::Task<std::vector<RunItem>> moveInTurn(RunTools tools, std::vector<std::st
             break;
         }
         tools.state->setCurrent(shortenedPath(path));
-        TrashAttempt attempt = co_await background(&trashOn, tools.disk, path);
+        TrashAttempt attempt = co_await backgroundStep(&trashOn, tools.disk, path);
         items.push_back({std::move(path), std::move(attempt)});
         if (tools.state) {
             tools.state->setDone(static_cast<std::int64_t>(items.size()));
@@ -62,7 +62,7 @@ QCoro::Task<Purge> purgeLanded(RunTools tools, std::vector<KnownItem> landed)
 {
     const auto count = static_cast<std::int64_t>(landed.size());
     const OwnMoves own(tools.trash);
-    Purge purge = co_await background(&purgeOn, tools.disk, std::move(landed));
+    Purge purge = co_await backgroundStep(&purgeOn, tools.disk, std::move(landed));
     if (tools.state) {
         tools.state->setDone(count);
         if (!purge.problems.empty()) {

@@ -13,8 +13,8 @@ namespace zolva {
 
 namespace {
 
-std::optional<std::string> deleteOn(const std::shared_ptr<RemovalDisk>& disk,
-                                    const KnownItem& entry)
+tl::expected<Deletion, std::string> deleteOn(const std::shared_ptr<RemovalDisk>& disk,
+                                             const KnownItem& entry)
 {
     return disk->deleteFromTrash(entry);
 }
@@ -35,24 +35,25 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
             break;
         }
         tools.state->setCurrent(QString::fromStdString(displayText(entry.at)));
-        std::optional<std::string> failure = co_await background(&deleteOn, tools.disk, entry);
-        if (failure) {
-            report.failures.push_back(std::move(*failure));
-        } else {
+        tl::expected<Deletion, std::string> deletion =
+            co_await backgroundStep(&deleteOn, tools.disk, entry);
+        if (!deletion) {
+            report.failures.push_back(std::move(deletion.error()));
+        } else if (*deletion == Deletion::Done) {
             ++report.emptied;
         }
         if (tools.state) {
             tools.state->setDone(++done);
         }
     }
-    co_await background(&sweepOn, tools.disk);
+    co_await backgroundStep(&sweepOn, tools.disk);
     co_return report;
 }
 
 /// Of an empty Trash, what nobody sees may still take room.
 QCoro::Task<> sweepOnly(RunTools tools)
 {
-    co_await background(&sweepOn, tools.disk);
+    co_await backgroundStep(&sweepOn, tools.disk);
     if (tools.state) {
         tools.space.refreshFreeSpace();
     }

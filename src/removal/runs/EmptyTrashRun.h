@@ -13,7 +13,7 @@ struct EmptyReport
 {
     RunStart start = RunStart::NothingToDo; ///< also where the Trash is empty or unreadable
     bool unreadable = false;
-    std::int64_t emptied = 0;
+    std::int64_t emptied = 0;          ///< without what others took meanwhile
     std::vector<std::string> failures; ///< the system's words, in order
 };
 

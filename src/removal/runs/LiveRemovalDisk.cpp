@@ -121,10 +121,9 @@ std::int64_t LiveRemovalDisk::measureTrash(const std::atomic<bool>& stop)
     return walk(zolva::trashFolder(), options).bytes;
 }
 
-std::optional<std::string> LiveRemovalDisk::deleteFromTrash(const KnownItem& entry)
+tl::expected<Deletion, std::string> LiveRemovalDisk::deleteFromTrash(const KnownItem& entry)
 {
-    const auto done = deleteTrashEntry(entry.at, entry.identity);
-    return done ? std::nullopt : std::optional(done.error());
+    return deleteTrashEntry(entry.at, entry.identity);
 }
 
 void LiveRemovalDisk::deleteLeftovers()

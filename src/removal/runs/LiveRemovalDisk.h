@@ -21,7 +21,8 @@ public:
     [[nodiscard]] std::optional<std::int64_t> trashCount() override;
     [[nodiscard]] std::optional<std::vector<KnownItem>> listTrash() override;
     [[nodiscard]] std::int64_t measureTrash(const std::atomic<bool>& stop) override;
-    [[nodiscard]] std::optional<std::string> deleteFromTrash(const KnownItem& entry) override;
+    [[nodiscard]] tl::expected<Deletion, std::string>
+    deleteFromTrash(const KnownItem& entry) override;
     void deleteLeftovers() override;
 };
 

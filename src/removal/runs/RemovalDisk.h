@@ -1,8 +1,11 @@
 #pragma once
 
+#include "removal/disk/HomeTrash.h"
 #include "removal/disk/KnownItem.h"
 #include "removal/disk/PurgeFromTrash.h"
 #include "removal/disk/TrashOnePath.h"
+
+#include <tl/expected.hpp>
 
 #include <atomic>
 #include <cstdint>
@@ -62,7 +65,8 @@ public:
     /// Bytes on disk of all entries. Returns early, with any figure, once `stop` is set.
     [[nodiscard]] virtual std::int64_t measureTrash(const std::atomic<bool>& stop) = 0;
     /// Deletes one entry for good, whatever it is; the system's words where that failed. Logged.
-    [[nodiscard]] virtual std::optional<std::string> deleteFromTrash(const KnownItem& entry) = 0;
+    [[nodiscard]] virtual tl::expected<Deletion, std::string>
+    deleteFromTrash(const KnownItem& entry) = 0;
     /// Deletes what a deletion that ended early has left out of sight.
     virtual void deleteLeftovers() {}
 };

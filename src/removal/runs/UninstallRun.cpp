@@ -64,13 +64,13 @@ QCoro::Task<bool> firstPass(UninstallTools tools, UninstallApp app, Apps apps)
     }
     // Only now: an application that quits may write.
     std::vector<std::string> paths =
-        co_await background(&ownPaths, tools.scanResidue, app, std::move(apps));
+        co_await backgroundStep(&ownPaths, tools.scanResidue, app, std::move(apps));
     if (!run.state) {
         co_return wasRunning;
     }
     paths = withoutExcluded(paths, run.settings.whitelist());
     const OwnMoves own(run.trash);
-    const bool moved = co_await background(&removeForGood, run.disk, std::move(paths));
+    const bool moved = co_await backgroundStep(&removeForGood, run.disk, std::move(paths));
     if (run.state && moved) {
         run.trash.noteJustTrashed();
     }
@@ -111,7 +111,26 @@ std::int64_t countOf(const Apps& apps)
     return static_cast<std::int64_t>(apps.size());
 }
 
-void tellFirstPass(const UninstallTools& tools, const UninstallReport& report)
+/// What stands behind "Authenticate…".
+struct AdminOffer
+{
+    Apps apps;  ///< nothing while a pass over them is going
+    Apps known; ///< all that were installed
+};
+
+/// Pressed again while its pass is going, it begins no second one beside it. What still stays may
+/// be tried again, as long as the toast stands.
+QCoro::Task<> takeUp(UninstallTools tools, std::shared_ptr<AdminOffer> offer)
+{
+    const Apps apps = std::exchange(offer->apps, {});
+    if (apps.empty()) {
+        co_return;
+    }
+    const UninstallReport report = co_await retryWithAdmin(tools, apps, offer->known);
+    offer->apps = report.start == RunStart::Started ? report.stuck : apps;
+}
+
+void tellFirstPass(const UninstallTools& tools, const UninstallReport& report, Apps known)
 {
     ToastList& toasts = tools.run.toasts;
     if (!report.stillRunning.empty()) {
@@ -120,10 +139,12 @@ void tellFirstPass(const UninstallTools& tools, const UninstallReport& report)
     Apps toAuthenticate = without(report.stuck, report.stillRunning);
     if (!toAuthenticate.empty()) {
         const QString text = needsPasswordText(countOf(toAuthenticate));
+        const auto offer =
+            std::make_shared<AdminOffer>(AdminOffer{std::move(toAuthenticate), std::move(known)});
         toasts.addToast(BannerKind::Warning, text, QString::fromUtf8(authenticateAction),
-                        [tools, apps = std::move(toAuthenticate)] {
+                        [tools, offer] {
                             if (tools.run.state) {
-                                unawaited(retryWithAdmin(tools, apps));
+                                unawaited(takeUp(tools, offer));
                             }
                         });
     }
@@ -168,14 +189,14 @@ QCoro::Task<bool> adminPass(UninstallTools tools, UninstallApp app, Apps apps)
 {
     const RunTools& run = tools.run;
     const std::vector<std::string> paths =
-        co_await background(&ownPaths, tools.scanResidue, app, std::move(apps));
+        co_await backgroundStep(&ownPaths, tools.scanResidue, app, std::move(apps));
     for (const std::string& path : paths) {
         if (!run.state) {
             break;
         }
         if (run.disk->exists(path)) {
             // Only what is on the disk afterwards counts.
-            static_cast<void>(co_await background(&adminMoveOn, run.disk, path));
+            static_cast<void>(co_await backgroundStep(&adminMoveOn, run.disk, path));
         }
     }
     co_return !run.disk->exists(app.path);
@@ -234,11 +255,14 @@ QCoro::Task<UninstallReport> uninstallChecked(UninstallTools tools)
     lock.reset();
     report.uninstalled = countOf(split.chosen) - countOf(report.stuck);
     putBackIntoList(tools.list, report.stuck);
-    tellFirstPass(tools, report);
+    Apps known = split.remaining;
+    known.insert(known.end(), report.stuck.begin(), report.stuck.end());
+    tellFirstPass(tools, report, std::move(known));
     co_return report;
 }
 
-QCoro::Task<UninstallReport> retryWithAdmin(UninstallTools tools, std::vector<UninstallApp> apps)
+QCoro::Task<UninstallReport> retryWithAdmin(UninstallTools tools, std::vector<UninstallApp> apps,
+                                            std::vector<UninstallApp> known)
 {
     UninstallReport report;
     HeldRunLock lock;
@@ -246,9 +270,12 @@ QCoro::Task<UninstallReport> retryWithAdmin(UninstallTools tools, std::vector<Un
     if (report.start != RunStart::Started) {
         co_return report;
     }
-    const Apps held = tools.list.loaded() ? *tools.list.loaded() : Apps();
+    // Without any, as while the list is read anew, no leftover would seem to be another's.
+    if (const Apps* const held = tools.list.loaded()) {
+        known = *held;
+    }
     for (const UninstallApp& app : apps) {
-        const bool gone = co_await adminPass(tools, app, held);
+        const bool gone = co_await adminPass(tools, app, known);
         if (!tools.run.state) {
             co_return report;
         }

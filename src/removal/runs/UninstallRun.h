@@ -67,9 +67,11 @@ struct UninstallReport
 [[nodiscard]] QCoro::Task<UninstallReport> uninstallChecked(UninstallTools tools);
 
 /// Once more for the applications that the user's own rights did not reach; what is moved stays in
-/// the Trash. Main thread.
+/// the Trash. Leftovers that another application of the list may own stay; `known` stands for the
+/// list while it is not loaded. Main thread.
 [[nodiscard]] QCoro::Task<UninstallReport> retryWithAdmin(UninstallTools tools,
-                                                          std::vector<UninstallApp> apps);
+                                                          std::vector<UninstallApp> apps,
+                                                          std::vector<UninstallApp> known);
 
 inline constexpr int quitRounds = 20;
 inline constexpr std::chrono::milliseconds quitRound{150};
