@@ -28,7 +28,8 @@ constexpr const char* kindText(BannerKind kind)
 std::unique_ptr<AppModel> windowlessModel(Clock& clock, PrefsStore& store)
 {
     AppDependencies dependencies = liveDependencies(clock, store);
-    dependencies.steps = {.meters = false, .journalCheck = false, .accessProbe = false};
+    dependencies.steps = {
+        .meters = false, .prefsCheck = false, .journalCheck = false, .accessProbe = false};
     return std::make_unique<AppModel>(std::move(dependencies));
 }
 
