@@ -65,6 +65,11 @@ bool RemovalSession::begin()
     return !m_stop.wasAsked();
 }
 
+bool RemovalSession::beginRemoval()
+{
+    return begin() && model().removal().knowsExclusions();
+}
+
 RunTools RemovalSession::tools()
 {
     RunTools tools = model().removal().tools();
