@@ -59,6 +59,7 @@ struct AppDisk
 struct StartSteps
 {
     bool meters = true;
+    bool prefsCheck = true; ///< telling why the settings may not be the user's own
     bool journalCheck = true;
     bool accessProbe = true;
 };

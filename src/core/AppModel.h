@@ -129,6 +129,7 @@ Q_SIGNALS:
 private:
     void followAppearance(SystemAppearance* appearance);
     void readAppearance(const SystemAppearance* appearance);
+    void checkPrefs();
     void checkRunJournal(const std::string& folder);
     void refreshMeters();
     void cleanSelected();

@@ -1,5 +1,7 @@
 #include "core/AppRemoval.h"
 
+#include "core/PrefsMessages.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -25,6 +27,26 @@ void AppRemoval::followCleanable()
     QObject::connect(&m_model.live, &LiveData::cleanChanged, &m_follower, forget);
     QObject::connect(&m_model.settings.exclusions(), &Exclusions::whitelistChanged, &m_follower,
                      forget);
+}
+
+bool AppRemoval::knowsExclusions()
+{
+    AppSettings& settings = m_model.settings;
+    settings.takeOthersExclusions();
+    if (settings.unread().empty()) {
+        return true;
+    }
+    m_model.toasts.addToast(BannerKind::Warning,
+                            QString::fromStdString(prefsUnreadText(settings.unread())));
+    return false;
+}
+
+void AppRemoval::trashAnalyzeItem(const std::string& name, const std::string& path,
+                                  std::int64_t bytes)
+{
+    if (knowsExclusions()) {
+        m_analyzed.trashAnalyzeItem(name, path, bytes);
+    }
 }
 
 RunTools AppRemoval::tools()

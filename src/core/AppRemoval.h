@@ -53,6 +53,10 @@ public:
     /// One analysed file at a time, and its way back.
     [[nodiscard]] AnalyzeRemoval& analyzed() { return m_analyzed; }
 
+    /// What is excluded must be known before anything is removed; a toast says why it is not.
+    [[nodiscard]] bool knowsExclusions();
+    void trashAnalyzeItem(const std::string& name, const std::string& path, std::int64_t bytes);
+
     /// For a run that begins now.
     [[nodiscard]] RunTools tools();
     [[nodiscard]] UninstallTools uninstallTools();

@@ -16,7 +16,9 @@ namespace zolva {
 void AppModel::raiseSheet(const std::string& id)
 {
     m_settings.takeOthersExclusions();
-    if (mayRaiseSheet(id, m_removal.sheetFigures())) {
+    // The Trash is emptied whatever is excluded.
+    if (mayRaiseSheet(id, m_removal.sheetFigures()) &&
+        (id == "emptytrash" || m_removal.knowsExclusions())) {
         setSheet(id);
     }
 }
@@ -82,6 +84,9 @@ void AppModel::removeInstallers()
 
 void AppModel::removeInstaller(const InstallerItem& item)
 {
+    if (!m_removal.knowsExclusions()) {
+        return;
+    }
     unawaited(zolva::removeInstaller(m_removal.tools(), item, [this](const AppLists::Keys& paths) {
         m_lists.dropInstallers(paths);
     }));

@@ -1,7 +1,8 @@
 #include "core/AppSettings.h"
 
-#include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace zolva {
 
@@ -67,15 +68,23 @@ std::string AppSettings::pollText() const
     return m_poll == 1 ? "1 second" : std::to_string(m_poll) + " seconds";
 }
 
+Settings AppSettings::current() const
+{
+    return {m_themeMode, m_poll, m_threshold, m_touchid, m_keepInTrash, m_exclusions.whitelist()};
+}
+
 void AppSettings::loadPrefs()
 {
-    setThemeMode(m_prefs.themeMode());
-    setPoll(m_prefs.poll());
-    setThreshold(m_prefs.threshold());
-    setTouchid(m_prefs.touchid());
-    setKeepInTrash(m_prefs.keepInTrash());
-    m_storedWhitelist = m_prefs.whitelist();
-    m_exclusions.setWhitelist(m_storedWhitelist);
+    m_prefsLoaded = false;
+    // Asked first: what can be read only from now on is taken over at the next look.
+    m_unread = m_prefs.trouble().unread;
+    m_saved = m_prefs.load();
+    setThemeMode(m_saved.themeMode);
+    setPoll(m_saved.poll);
+    setThreshold(m_saved.threshold);
+    setTouchid(m_saved.touchid);
+    setKeepInTrash(m_saved.keepInTrash);
+    m_exclusions.setWhitelist(m_saved.whitelist);
     m_prefsLoaded = true;
 }
 
@@ -84,10 +93,14 @@ void AppSettings::savePrefs()
     if (!m_prefsLoaded) {
         return;
     }
+    const Settings before = std::exchange(m_saved, current());
+    if (m_unread.empty()) {
+        m_prefs.save(m_saved, changeBetween(before.whitelist, m_saved.whitelist).removed);
+    } else {
+        // The others are only stood in for, and must not be written over what is stored.
+        m_prefs.saveChanges(before, m_saved);
+    }
     takeOthersExclusions();
-    m_prefs.save(
-        {m_themeMode, m_poll, m_threshold, m_touchid, m_keepInTrash, m_exclusions.whitelist()});
-    m_storedWhitelist = m_prefs.whitelist();
 }
 
 void AppSettings::takeOthersExclusions()
@@ -95,21 +108,15 @@ void AppSettings::takeOthersExclusions()
     if (!m_prefsLoaded) {
         return;
     }
-    std::vector<std::string> stored = m_prefs.whitelist();
-    if (stored == m_storedWhitelist) {
+    if (!m_unread.empty()) {
+        if (m_prefs.trouble().unread.empty()) {
+            loadPrefs();
+        }
         return;
     }
-    const auto holds = [](const std::vector<std::string>& list, const std::string& entry) {
-        return std::find(list.begin(), list.end(), entry) != list.end();
-    };
-    std::vector<std::string> list = m_exclusions.whitelist();
-    for (const std::string& entry : stored) {
-        if (!holds(m_storedWhitelist, entry) && !holds(list, entry)) {
-            list.push_back(entry);
-        }
-    }
-    m_storedWhitelist = std::move(stored);
+    std::vector<std::string> list = changed(m_exclusions.whitelist(), {m_prefs.whitelist(), {}});
     if (list != m_exclusions.whitelist()) {
+        m_saved.whitelist = list;
         m_isTaking = true;
         m_exclusions.setWhitelist(std::move(list));
     }

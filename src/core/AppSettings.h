@@ -8,7 +8,6 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace zolva {
 
@@ -46,11 +45,14 @@ public:
 
     /// Takes over what is stored. Writes nothing.
     void loadPrefs();
+    /// Why what is stored could not be read yet; the defaults stand in for it then, and what never
+    /// to touch is not known. Empty where it was read.
+    [[nodiscard]] const std::string& unread() const { return m_unread; }
     /// Does nothing before they are loaded.
     void savePrefs();
-    /// Takes into the list what another process has stored there meanwhile; whoever removes asks
-    /// this first. What another process took out stays: leaving alone too much harms nobody.
-    /// Writes nothing.
+    /// Takes into the list what another process has stored there meanwhile, and everything if
+    /// nothing could be read before; whoever removes asks this first. What another process took out
+    /// stays: leaving alone too much harms nobody. Writes nothing.
     void takeOthersExclusions();
 
 Q_SIGNALS:
@@ -61,6 +63,8 @@ Q_SIGNALS:
     void keepInTrashChanged();
 
 private:
+    [[nodiscard]] Settings current() const;
+
     Prefs m_prefs;
     LiveData& m_live;
     ThemeMode m_themeMode = Settings{}.themeMode;
@@ -69,7 +73,8 @@ private:
     bool m_touchid = Settings{}.touchid;
     bool m_keepInTrash = Settings{}.keepInTrash;
     Exclusions m_exclusions;
-    std::vector<std::string> m_storedWhitelist; ///< as it was read or written here last
+    Settings m_saved;     ///< as they were loaded, or given to be stored last
+    std::string m_unread; ///< why nothing is known of what is stored
     bool m_prefsLoaded = false;
     bool m_isTaking = false; ///< the change that is told next is not to be saved
 };

@@ -3,6 +3,7 @@
 #include "core/AppModel.h"
 
 #include "async/Unawaited.h"
+#include "core/PrefsMessages.h"
 #include "diagnostics/RunJournal.h"
 
 #include <chrono>
@@ -36,6 +37,9 @@ AppModel::AppModel(AppDependencies dependencies, QObject* parent)
     followAppearance(dependencies.appearance);
     if (dependencies.steps.meters) {
         m_removal.trash().startMeters();
+    }
+    if (dependencies.steps.prefsCheck) {
+        checkPrefs();
     }
     if (dependencies.steps.journalCheck) {
         checkRunJournal(dependencies.logFolder);
@@ -71,6 +75,13 @@ void AppModel::readAppearance(const SystemAppearance* appearance)
     if (std::exchange(m_systemIsDark, dark) != dark) {
         Q_EMIT systemIsDarkChanged();
         Q_EMIT isLightThemeChanged();
+    }
+}
+
+void AppModel::checkPrefs()
+{
+    if (const auto text = prefsTroubleText(m_settings.prefs().trouble())) {
+        m_toasts.addToast(BannerKind::Warning, QString::fromStdString(*text));
     }
 }
 

@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <limits>
+#include <map>
 #include <system_error>
 #include <thread>
 #include <tuple>
@@ -98,7 +99,7 @@ struct Loaded
 {
     std::error_code error; ///< it is there and cannot be read
     bool damaged = false;
-    std::string bytes;
+    bool absent = false;
     json values = json::object();
 };
 
@@ -106,21 +107,47 @@ Loaded load(const std::string& path)
 {
     WholeFile file = readWholeFile(path, sizeLimit);
     Loaded loaded;
-    if (file.error == std::errc::no_such_file_or_directory) {
-        return loaded;
-    }
+    // What should be its folder may be none.
+    loaded.absent = file.error == std::errc::no_such_file_or_directory ||
+                    file.error == std::errc::not_a_directory;
     loaded.damaged = file.error == std::errc::file_too_large;
     if (file.error) {
-        loaded.error = loaded.damaged ? std::error_code() : file.error;
+        loaded.error = loaded.absent || loaded.damaged ? std::error_code() : file.error;
         return loaded;
     }
     if (std::optional<json> values = parsedPrefs(file.bytes)) {
         loaded.values = *std::move(values);
-        loaded.bytes = std::move(file.bytes);
     } else {
         loaded.damaged = true;
     }
     return loaded;
+}
+
+/// Where a damaged file is put.
+std::string asideOf(const std::string& file)
+{
+    return file + ".damaged";
+}
+
+bool isThere(const std::string& path)
+{
+    struct stat status
+    {};
+    return ::lstat(path.c_str(), &status) == 0;
+}
+
+/// What two writes of one key come to.
+PrefValue combinedValue(const PrefValue& first, const PrefValue& second)
+{
+    const auto* const change = std::get_if<TextsChange>(&second);
+    if (change == nullptr) {
+        return second;
+    }
+    if (const auto* const before = std::get_if<TextsChange>(&first)) {
+        return combined(*before, *change);
+    }
+    const auto* const list = std::get_if<std::vector<std::string>>(&first);
+    return changed(list == nullptr ? std::vector<std::string>() : *list, *change);
 }
 
 } // namespace
@@ -134,44 +161,28 @@ public:
     const json* find(const std::string& key)
     {
         refresh();
-        for (const json* values : {&m_pending, &m_known}) {
-            const auto found = values->find(key);
-            if (found != values->end() && !found->is_null()) {
-                return &*found;
-            }
-        }
-        return nullptr;
+        const auto found = m_shown.find(key);
+        return found == m_shown.end() || found->is_null() ? nullptr : &*found;
     }
 
-    void write(const json& changes)
+    PrefsTrouble trouble()
     {
-        m_pending.update(changes);
-        makeFolders(folder());
-        const Turn turn(lockFile());
-        if (turn.isOthers()) {
-            log::preferencesUnwritten("another process holds them");
-            return;
-        }
-        Loaded loaded = load(m_path);
-        if (loaded.error) {
-            // Replacing it would lose the keys that are not ours.
-            log::preferencesUnwritten(loaded.error.message());
-            return;
-        }
-        if (loaded.damaged) {
-            setAside();
-        }
-        loaded.values.update(m_pending);
-        const std::string bytes = prefsBytes(loaded.values);
-        if (bytes != loaded.bytes) {
-            if (const std::error_code error = replaceWholeFile(target(), bytes, fileMode)) {
-                log::preferencesUnwritten(error.message());
-                return;
+        refresh();
+        return {m_wasRead ? std::string() : m_unreadable.message(), m_damaged};
+    }
+
+    void write(const std::vector<std::pair<std::string, PrefValue>>& values)
+    {
+        for (const auto& [key, value] : values) {
+            const auto [pending, isNew] = m_pending.try_emplace(key, value);
+            if (!isNew) {
+                pending->second = combinedValue(pending->second, value);
             }
         }
-        m_known = std::move(loaded.values);
-        m_pending = json::object();
-        m_stamp = stampOf(m_path);
+        if (const std::optional<std::string> refusal = writePending()) {
+            log::preferencesUnwritten(*refusal);
+        }
+        show();
     }
 
 private:
@@ -186,44 +197,113 @@ private:
         return error ? m_path : real.string();
     }
 
+    /// Why it could not be done.
+    [[nodiscard]] std::optional<std::string> writePending()
+    {
+        makeFolders(folder());
+        const Turn turn(lockFile());
+        if (turn.isOthers()) {
+            return "another process holds them";
+        }
+        // What is changed is what others have stored by now, and not what was read before.
+        Loaded loaded = load(m_path);
+        if (loaded.error) {
+            // Replacing it would lose what it holds.
+            return loaded.error.message();
+        }
+        if (loaded.damaged && !setAside()) {
+            return "the damaged file is in the way";
+        }
+        const std::string before = prefsBytes(loaded.values);
+        putPending(loaded.values);
+        const std::string bytes = prefsBytes(loaded.values);
+        if (bytes != before) {
+            if (const std::error_code error = replaceWholeFile(target(), bytes, fileMode)) {
+                return error.message();
+            }
+        }
+        m_pending.clear();
+        keep(std::move(loaded.values), stampOf(m_path));
+        return std::nullopt;
+    }
+
     void refresh()
     {
         const std::optional<Stamp> stamp = stampOf(m_path);
-        if (stamp == m_stamp) {
+        if (stamp && stamp == m_stamp) {
             return;
         }
-        m_stamp = stamp;
         Loaded loaded = load(m_path);
+        std::string damaged;
         if (loaded.damaged) {
             const Turn turn(lockFile());
             // Another process may have put it right meanwhile.
             loaded = load(m_path);
-            if (loaded.damaged && !turn.isOthers()) {
-                setAside();
+            if (loaded.damaged) {
+                damaged = turn.isOthers() ? m_path : setAside().value_or(m_path);
             }
         }
         if (loaded.error) {
-            log::preferencesUnreadable(loaded.error.message());
+            // What was read before still holds, and every further look tries again.
+            m_stamp.reset();
+            if (std::exchange(m_unreadable, loaded.error) != loaded.error) {
+                log::preferencesUnreadable(loaded.error.message());
+            }
+            return;
         }
-        m_known = std::move(loaded.values);
+        if (loaded.absent && isThere(asideOf(m_path))) {
+            damaged = asideOf(m_path);
+        }
+        keep(std::move(loaded.values), stamp);
+        m_damaged = std::move(damaged);
+        show();
     }
 
-    void setAside()
+    /// What was read or written.
+    void keep(json values, const std::optional<Stamp>& stamp)
+    {
+        m_known = std::move(values);
+        m_stamp = stamp;
+        m_unreadable.clear();
+        m_wasRead = true;
+        m_damaged.clear();
+    }
+
+    void show()
+    {
+        m_shown = m_known;
+        putPending(m_shown);
+    }
+
+    void putPending(json& values) const
+    {
+        for (const auto& [key, value] : m_pending) {
+            putStored(values, key, value);
+        }
+    }
+
+    /// Where it was put.
+    std::optional<std::string> setAside()
     {
         const std::string from = target();
-        const std::string aside = from + ".damaged";
-        if (std::rename(from.c_str(), aside.c_str()) == 0) {
-            log::preferencesSetAside(aside);
-        } else {
+        const std::string aside = asideOf(from);
+        if (std::rename(from.c_str(), aside.c_str()) != 0) {
             const std::error_code error(errno, std::generic_category());
             log::preferencesUnreadable("damaged, and not to be set aside: " + error.message());
+            return std::nullopt;
         }
+        log::preferencesSetAside(aside);
+        return aside;
     }
 
     std::string m_path;
     std::optional<Stamp> m_stamp; ///< of what `m_known` was read from
     json m_known = json::object();
-    json m_pending = json::object(); ///< written here, and not on the disk yet
+    std::map<std::string, PrefValue> m_pending; ///< written here, and not on the disk yet
+    json m_shown = json::object();              ///< what is known, with what is pending
+    std::error_code m_unreadable;               ///< told already
+    bool m_wasRead = false;                     ///< at least once
+    std::string m_damaged;                      ///< where it lies
 };
 
 JsonPrefsStore::JsonPrefsStore(std::string path) : m_file(std::make_unique<File>(std::move(path)))
@@ -272,26 +352,17 @@ std::optional<std::string> JsonPrefsStore::text(const std::string& key)
 std::optional<std::vector<std::string>> JsonPrefsStore::texts(const std::string& key)
 {
     const json* value = m_file->find(key);
-    if (!value || !value->is_array()) {
-        return std::nullopt;
-    }
-    std::vector<std::string> all;
-    for (const json& element : *value) {
-        if (!element.is_string()) {
-            return std::nullopt;
-        }
-        all.push_back(textFromStored(element.get_ref<const std::string&>()));
-    }
-    return all;
+    return value ? textsFromStored(*value) : std::nullopt;
+}
+
+PrefsTrouble JsonPrefsStore::trouble()
+{
+    return m_file->trouble();
 }
 
 void JsonPrefsStore::write(const std::vector<std::pair<std::string, PrefValue>>& values)
 {
-    json changes = json::object();
-    for (const auto& [key, value] : values) {
-        changes[key] = storedValue(value);
-    }
-    m_file->write(changes);
+    m_file->write(values);
 }
 
 } // namespace zolva

@@ -7,9 +7,10 @@
 namespace zolva {
 
 /// Settings in one JSON file, an object by key. A write reads the file again under a lock and
-/// replaces it whole, so that processes do not undo one another's keys. Reads see what others
-/// wrote. A file that is no JSON object is set aside under its name and ".damaged", and told in
-/// the log, like a file that cannot be read or written.
+/// replaces it whole, so that processes undo neither one another's keys nor changes of a list.
+/// Reads see what others wrote. A file that is no JSON object is set aside under its name and
+/// ".damaged". One that cannot be read is never replaced, and what was read of it before still
+/// holds. The log tells of all that.
 class JsonPrefsStore final : public PrefsStore
 {
 public:
@@ -22,6 +23,7 @@ public:
     [[nodiscard]] double number(const std::string& key) override;
     [[nodiscard]] std::optional<std::string> text(const std::string& key) override;
     [[nodiscard]] std::optional<std::vector<std::string>> texts(const std::string& key) override;
+    [[nodiscard]] PrefsTrouble trouble() override;
     void write(const std::vector<std::pair<std::string, PrefValue>>& values) override;
 
 private:

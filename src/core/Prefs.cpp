@@ -26,6 +26,20 @@ std::vector<std::string> withoutEmpty(std::vector<std::string> list)
     return list;
 }
 
+using Values = std::vector<std::pair<std::string, PrefValue>>;
+
+Values valuesOf(const Settings& settings, TextsChange list)
+{
+    list.added = withoutEmpty(std::move(list.added));
+    list.removed.emplace_back(); // an empty text is lost at every write
+    return {{themeModeKey, std::string(themeModeText(settings.themeMode))},
+            {pollKey, clampedPoll(settings.poll)},
+            {thresholdKey, clampedThreshold(settings.threshold)},
+            {touchidKey, settings.touchid},
+            {keepInTrashKey, settings.keepInTrash},
+            {whitelistKey, std::move(list)}};
+}
+
 } // namespace
 
 std::string_view themeModeText(ThemeMode mode)
@@ -90,14 +104,19 @@ Settings Prefs::load()
     return {themeMode(), poll(), threshold(), touchid(), keepInTrash(), whitelist()};
 }
 
-void Prefs::save(const Settings& settings)
+void Prefs::save(const Settings& settings, const std::vector<std::string>& takenOut)
 {
-    m_d.write({{themeModeKey, std::string(themeModeText(settings.themeMode))},
-               {pollKey, clampedPoll(settings.poll)},
-               {thresholdKey, clampedThreshold(settings.threshold)},
-               {touchidKey, settings.touchid},
-               {keepInTrashKey, settings.keepInTrash},
-               {whitelistKey, withoutEmpty(settings.whitelist)}});
+    m_d.write(valuesOf(settings, {settings.whitelist, takenOut}));
+}
+
+void Prefs::saveChanges(const Settings& before, const Settings& now)
+{
+    const Values old = valuesOf(before, {});
+    Values values = valuesOf(now, changeBetween(before.whitelist, now.whitelist));
+    std::erase_if(values, [&old](const auto& value) {
+        return std::find(old.begin(), old.end(), value) != old.end();
+    });
+    m_d.write(values);
 }
 
 void Prefs::writeWhitelist(const std::vector<std::string>& list)

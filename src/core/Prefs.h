@@ -55,8 +55,14 @@ public:
     /// All of the above.
     [[nodiscard]] Settings load();
 
-    /// Every setting, clamped and without empty texts, whichever of them changed.
-    void save(const Settings& settings);
+    /// Why `load` may not give what the user chose.
+    [[nodiscard]] PrefsTrouble trouble() { return m_d.trouble(); }
+
+    /// Every setting, clamped and without empty texts, whichever of them changed. What others have
+    /// added to the list stays in it, unless it was taken out here.
+    void save(const Settings& settings, const std::vector<std::string>& takenOut = {});
+    /// Only what differs.
+    void saveChanges(const Settings& before, const Settings& now);
     void writeWhitelist(const std::vector<std::string>& list);
 
     /// Whether the access intro was dismissed before.

@@ -74,25 +74,45 @@ std::string textFromStored(const std::string& stored)
     return bytes;
 }
 
-json storedValue(const PrefValue& value)
+std::optional<std::vector<std::string>> textsFromStored(const json& stored)
 {
-    if (const auto* text = std::get_if<std::string>(&value)) {
-        return storedText(*text);
+    if (!stored.is_array()) {
+        return std::nullopt;
     }
-    if (const auto* texts = std::get_if<std::vector<std::string>>(&value)) {
-        json list = json::array();
-        for (const std::string& text : *texts) {
-            list.push_back(storedText(text));
+    std::vector<std::string> all;
+    for (const json& element : stored) {
+        if (!element.is_string()) {
+            return std::nullopt;
         }
-        return list;
+        all.push_back(textFromStored(element.get_ref<const std::string&>()));
     }
-    if (const auto* flag = std::get_if<bool>(&value)) {
-        return *flag;
-    }
-    if (const auto* whole = std::get_if<std::int64_t>(&value)) {
-        return *whole;
-    }
-    return std::get<double>(value);
+    return all;
+}
+
+void putStored(json& values, const std::string& key, const PrefValue& value)
+{
+    struct Put
+    {
+        json& place;
+
+        void operator()(bool flag) const { place = flag; }
+        void operator()(std::int64_t whole) const { place = whole; }
+        void operator()(double number) const { place = number; }
+        void operator()(const std::string& text) const { place = storedText(text); }
+        void operator()(const std::vector<std::string>& texts) const
+        {
+            place = json::array();
+            for (const std::string& text : texts) {
+                place.push_back(storedText(text));
+            }
+        }
+        void operator()(const TextsChange& change) const
+        {
+            operator()(
+                changed(textsFromStored(place).value_or(std::vector<std::string>{}), change));
+        }
+    };
+    std::visit(Put{values[key]}, value);
 }
 
 } // namespace zolva

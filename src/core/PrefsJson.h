@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Settings as JSON. Pure.
 namespace zolva {
@@ -23,6 +24,10 @@ namespace zolva {
 [[nodiscard]] std::string storedText(const std::string& bytes);
 [[nodiscard]] std::string textFromStored(const std::string& stored);
 
-[[nodiscard]] nlohmann::json storedValue(const PrefValue& value);
+/// The texts of a list; nothing if it is none, or as soon as one element is no text.
+[[nodiscard]] std::optional<std::vector<std::string>> textsFromStored(const nlohmann::json& stored);
+
+/// Puts the value in its place among those of the object.
+void putStored(nlohmann::json& values, const std::string& key, const PrefValue& value);
 
 } // namespace zolva

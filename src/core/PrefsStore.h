@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/TextsChange.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -9,7 +11,16 @@
 
 namespace zolva {
 
-using PrefValue = std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>>;
+/// A change of a list is made to the list that is stored by then; one that is none counts as empty.
+using PrefValue =
+    std::variant<bool, std::int64_t, double, std::string, std::vector<std::string>, TextsChange>;
+
+/// Why the values may not be those that the user chose; where both are empty, they are.
+struct PrefsTrouble
+{
+    std::string unread;  ///< why nothing of what is stored could be read until now
+    std::string damaged; ///< where the file lies that was none, and that none has followed yet
+};
 
 /// Values by key that outlive the process. A value of another type than asked for reads as that
 /// type's zero; no error is ever reported to the caller. Texts are bytes. Main thread.
@@ -31,8 +42,12 @@ public:
     /// Nothing as soon as one element is no text.
     [[nodiscard]] virtual std::optional<std::vector<std::string>> texts(const std::string& key) = 0;
 
+    /// Looks anew.
+    [[nodiscard]] virtual PrefsTrouble trouble() { return {}; }
+
     /// All of them at once, in place of older values; other keys stay as they are. What the disk
-    /// does not take is still read back from here, and offered again at the next write.
+    /// does not take is still read back from here, over what others store meanwhile, and offered
+    /// again at the next write.
     virtual void write(const std::vector<std::pair<std::string, PrefValue>>& values) = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "ctl/CommandLine.h"
 
+#include "core/PrefsMessages.h"
 #include "ctl/Arguments.h"
 #include "ctl/Commands.h"
 #include "ctl/StoredPrefs.h"
@@ -14,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -280,6 +282,39 @@ std::string unexpected(const std::vector<std::string>& tokens, const Arguments& 
     return message;
 }
 
+void complain(const std::string& message)
+{
+    // Nowhere is left to tell that even this could not be told.
+    static_cast<void>(writeAll(STDERR_FILENO, "zolvactl: " + message + "\n"));
+}
+
+/// Why the removal cannot begin: what never to touch is not known. What else is not as the user
+/// left it is only told.
+std::optional<Answer> exclusionsUnknown()
+{
+    const PrefsTrouble trouble = StoredPrefs().prefs().trouble();
+    const std::optional<std::string> text = prefsTroubleText(trouble);
+    if (text && trouble.unread.empty()) {
+        complain(displayLine(*text));
+        return std::nullopt;
+    }
+    return text ? std::optional(Answer{{}, displayLine(*text), Exit::Failed}) : std::nullopt;
+}
+
+Answer answerOf(const Command& command, const Request& request)
+{
+    if (!request.run) {
+        return command.run(request);
+    }
+    // The Trash is emptied whatever is excluded.
+    if (command.extra != Extra::ForGood) {
+        if (const auto refusal = exclusionsUnknown()) {
+            return *refusal;
+        }
+    }
+    return command.remove ? command.remove(request) : command.run(request);
+}
+
 Answer answerTo(const Arguments& arguments)
 {
     CLI::App app("Shows where disk space went, and what of it can be given back safely.",
@@ -297,9 +332,7 @@ Answer answerTo(const Arguments& arguments)
         app.parse(arguments.reversedTokens());
         for (const Command& command : commands) {
             if (app.got_subcommand(command.name)) {
-                const Request request = requestOf(app, command, arguments);
-                return request.run && command.remove ? command.remove(request)
-                                                     : command.run(request);
+                return answerOf(command, requestOf(app, command, arguments));
             }
         }
     } catch (const CLI::CallForHelp&) {
@@ -315,12 +348,6 @@ Answer answerTo(const Arguments& arguments)
         return wrongUsage(error.what());
     }
     return wrongUsage(withoutCommand({}));
-}
-
-void complain(const std::string& message)
-{
-    // Nowhere is left to tell that even this could not be told.
-    static_cast<void>(writeAll(STDERR_FILENO, "zolvactl: " + message + "\n"));
 }
 
 /// What went wrong on the way, which no answer tells.

@@ -112,23 +112,27 @@ Answer exclusions(const Request& request)
     if (request.operands.size() < 2) {
         return wrongUsage(adds ? "add takes a TEXT" : "remove takes an ENTRY");
     }
-    Settings settings = stored.prefs().load();
+    const Settings before = stored.prefs().load();
     Exclusions list;
-    list.setWhitelist(settings.whitelist);
+    list.setWhitelist(before.whitelist);
     std::vector<Result> results;
     bool refused = false;
     for (auto text = request.operands.begin() + 1; text != request.operands.end(); ++text) {
         results.push_back({*text, adds ? added(list, *text) : removed(list, *text)});
         refused = refused || (adds && results.back().message);
     }
-    if (list.whitelist() != settings.whitelist) {
+    // A list that cannot be read has no entries to look for: the write says why.
+    const bool isUnread = !stored.prefs().trouble().unread.empty();
+    if (isUnread || list.whitelist() != before.whitelist) {
+        Settings settings = before;
         settings.whitelist = list.whitelist();
-        stored.prefs().save(settings);
+        stored.prefs().saveChanges(before, settings);
     }
     if (!stored.written()) {
         return {{}, {}, Exit::Failed};
     }
-    return answerOf(list.whitelist(), results, refused ? Exit::Failed : Exit::Done, request);
+    return answerOf(stored.prefs().whitelist(), results, refused ? Exit::Failed : Exit::Done,
+                    request);
 }
 
 } // namespace zolva::ctl

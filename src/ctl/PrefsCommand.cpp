@@ -173,13 +173,14 @@ Answer prefs(const Request& request)
     }
     const std::string& key = request.operands[1];
     Values values = valuesOf(stored.prefs());
+    const Settings before = values.settings;
     if (const auto wrong = changed(values, key, request.operands[2])) {
         return wrongUsage(*wrong);
     }
     if (key == introKey) {
         stored.prefs().writeSeenAccessIntro(values.seenAccessIntro);
     } else {
-        stored.prefs().save(values.settings);
+        stored.prefs().saveChanges(before, values.settings);
     }
     return stored.written() ? shown(valuesOf(stored.prefs()), request)
                             : Answer{{}, {}, Exit::Failed};

@@ -39,7 +39,7 @@ Answer removal(const Request& request, const Plan& plan, const Start& start,
     const std::string question = session.isPermanent() ? "Delete " + amount + " for good?"
                                                        : "Move " + amount + " to the Trash?";
     const bool wanted = nothingGoes(plan) || confirmed(request, plan, question, session.stop());
-    if (!wanted || !session.begin()) {
+    if (!wanted || !session.beginRemoval()) {
         RunResult nothing;
         nothing.stopped = true;
         return declined(outcomeJson(nothing, Json::array()), request);

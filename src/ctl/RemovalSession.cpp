@@ -28,7 +28,8 @@ constexpr const char* kindText(BannerKind kind)
 std::unique_ptr<AppModel> windowlessModel(Clock& clock, PrefsStore& store)
 {
     AppDependencies dependencies = liveDependencies(clock, store);
-    dependencies.steps = {.meters = false, .journalCheck = false, .accessProbe = false};
+    dependencies.steps = {
+        .meters = false, .prefsCheck = false, .journalCheck = false, .accessProbe = false};
     return std::make_unique<AppModel>(std::move(dependencies));
 }
 
@@ -62,6 +63,11 @@ bool RemovalSession::begin()
 {
     static_cast<void>(model());
     return !m_stop.wasAsked();
+}
+
+bool RemovalSession::beginRemoval()
+{
+    return begin() && model().removal().knowsExclusions();
 }
 
 RunTools RemovalSession::tools()

@@ -135,7 +135,7 @@ Answer uninstall(const Request& request)
     const std::string question = "Quit and uninstall " + counted(apps, "app") + ", and delete " +
                                  amountText(plan) + " for good?";
     // Also where nothing would go: the application is asked to quit all the same.
-    if (!confirmed(request, plan, question, session.stop()) || !session.begin()) {
+    if (!confirmed(request, plan, question, session.stop()) || !session.beginRemoval()) {
         return declined(uninstallJson({}, Json::array()), request);
     }
     SystemAppProcesses processes;

@@ -130,7 +130,8 @@ Answer status(const Request& request)
     SystemClock clock;
     const std::unique_ptr<PrefsStore> store = systemPrefsStore();
     AppDependencies dependencies = liveDependencies(clock, *store);
-    dependencies.steps = {.meters = false, .journalCheck = false, .accessProbe = false};
+    dependencies.steps = {
+        .meters = false, .prefsCheck = false, .journalCheck = false, .accessProbe = false};
     AppModel model(std::move(dependencies));
     if (interval) {
         model.live().setPollInterval(*interval);

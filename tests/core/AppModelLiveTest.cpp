@@ -51,6 +51,16 @@ TEST_F(LiveAppModel, ReadsItsListsFromTheDisk)
     ASSERT_EQ(model->lists().liveCats().value().size(), 1U);
 }
 
+TEST_F(LiveAppModel, TellsOfADamagedFileOfSettingsWhereTheOldOneLies)
+{
+    tree.text("config/preferences.json", R"({"zolva.whitelist": ["~/a")");
+    const auto model = build();
+    ASSERT_EQ(model->toasts().toasts().size(), 1U);
+    EXPECT_TRUE(model->toasts().toasts()[0].text.endsWith(
+        "The old file is ~/config/preferences.json.damaged."));
+    EXPECT_TRUE(std::filesystem::exists(tree.path("config/preferences.json.damaged")));
+}
+
 TEST_F(LiveAppModel, ShowsNoIntroWhereEveryFolderCanBeListed)
 {
     for (const diskAccess::Location& location : diskAccess::probeLocations()) {

@@ -1,7 +1,18 @@
 #include "core/WholeModel.h"
 
+#include "core/JsonPrefsStore.h"
+
+#include "support/DroppedCapabilities.h"
 #include "support/qt/EventLoop.h"
 
+#include <gmock/gmock.h>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <functional>
 
 namespace zolva::test {
@@ -20,7 +31,148 @@ protected:
     }
 };
 
+/// The settings over a file, as two processes have them.
+class StoredPrefs : public WholeModel
+{
+protected:
+    /// One process.
+    struct Process
+    {
+        explicit Process(StoredPrefs& test)
+            : store(test.file()),
+              live(std::make_unique<ScriptedRunner>(test.script), test.held.scans(),
+                   MoLocation{"/nowhere/mole", MoLocation::Kind::Shipped}),
+              settings(store, live)
+        {
+            settings.loadPrefs();
+        }
+        void add(const std::string& entry)
+        {
+            settings.exclusions().setWlDraft(entry);
+            settings.exclusions().addExclusion();
+        }
+        [[nodiscard]] const Texts& list() const { return settings.exclusions().whitelist(); }
+
+        JsonPrefsStore store;
+        LiveData live;
+        AppSettings settings;
+    };
+
+    [[nodiscard]] std::string file() const { return tree.path("zolva/preferences.json"); }
+    void write(const std::string& content) { tree.text("zolva/preferences.json", content); }
+    void setMode(unsigned mode) { tree.setMode("zolva/preferences.json", mode); }
+    [[nodiscard]] Settings onDisk() const
+    {
+        JsonPrefsStore fresh(file());
+        return Prefs(fresh).load();
+    }
+};
+
 } // namespace
+
+TEST_F(StoredPrefs, ExclusionsThatCouldNotBeReadAtTheStartAreNotWrittenOver)
+{
+    write(R"({"zolva.whitelist": ["~/a", "~/b"], "zolva.themeMode": "dark",
+              "zolva.keepInTrash": false})");
+    setMode(0);
+    withoutOverridingPermissions([this] {
+        Process window(*this);
+        EXPECT_TRUE(window.list().empty());
+        EXPECT_NE(window.settings.unread(), "");
+        setMode(0600);
+        window.settings.setPoll(7);
+        EXPECT_EQ(onDisk(), (Settings{ThemeMode::Dark, 7, 80, true, false, {"~/a", "~/b"}}));
+        EXPECT_EQ(window.list(), (Texts{"~/a", "~/b"}));
+        EXPECT_EQ(window.settings.themeMode(), ThemeMode::Dark);
+        EXPECT_FALSE(window.settings.keepInTrash());
+        EXPECT_EQ(window.settings.poll(), 7);
+        EXPECT_EQ(window.settings.unread(), "");
+    });
+}
+
+TEST_F(StoredPrefs, WhatWasChangedWhileNothingCouldBeReadIsMergedLater)
+{
+    write(R"({"zolva.whitelist": ["~/a"], "zolva.requireTouchID": false,
+              "zolva.themeMode": "dark"})");
+    setMode(0);
+    withoutOverridingPermissions([this] {
+        Process window(*this);
+        window.add("~/mine");
+        window.settings.setTouchid(false);
+        window.settings.setTouchid(true); // on purpose, though it is the default
+        setMode(0600);
+        window.settings.takeOthersExclusions();
+        EXPECT_EQ(window.list(), (Texts{"~/a", "~/mine"}));
+        EXPECT_TRUE(window.settings.touchid());
+        EXPECT_EQ(window.settings.themeMode(), ThemeMode::Dark);
+        window.settings.setPoll(2);
+        EXPECT_EQ(onDisk(), (Settings{ThemeMode::Dark, 2, 80, true, true, {"~/a", "~/mine"}}));
+    });
+}
+
+TEST_F(StoredPrefs, TwoProcessesThatAddExclusionsKeepBoth)
+{
+    Process window(*this);
+    Process other(*this);
+    window.add("~/mine");
+    other.add("~/theirs");
+    window.settings.exclusions().removeExclusion("~/mine");
+    window.add("~/new");
+    EXPECT_EQ(onDisk().whitelist, (Texts{"~/theirs", "~/new"}));
+    EXPECT_EQ(window.list(), (Texts{"~/theirs", "~/new"}));
+}
+
+TEST_F(StoredPrefs, AnExclusionAddedElsewhereIsHonouredAndKeptPastASaveThatWasRefused)
+{
+    write(R"({"zolva.whitelist": ["~/a"]})");
+    Process window(*this);
+    const int turn =
+        ::open(tree.path("zolva/preferences.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_GE(turn, 0);
+    ASSERT_EQ(::flock(turn, LOCK_EX), 0);
+    window.add("~/mine");
+    EXPECT_EQ(onDisk().whitelist, (Texts{"~/a"}));
+    write(R"({"zolva.whitelist": ["~/a", "~/theirs"]})");
+    window.settings.takeOthersExclusions();
+    EXPECT_EQ(window.list(), (Texts{"~/a", "~/mine", "~/theirs"}));
+    ::close(turn);
+    window.settings.setPoll(2);
+    EXPECT_EQ(onDisk().whitelist, (Texts{"~/a", "~/theirs", "~/mine"}));
+}
+
+TEST_F(StoredPrefs, ManyProcessesAtOnceLoseNoneOfTheirExclusions)
+{
+    std::vector<pid_t> children;
+    Texts expected;
+    for (int n = 0; n < 4; ++n) {
+        const std::string own = "/" + std::to_string(n) + ".";
+        expected.insert(expected.end(), {own + "0", own + "1", own + "2"});
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            Process mine(*this);
+            for (int i = 0; i < 3; ++i) {
+                mine.add(own + std::to_string(i));
+            }
+            // What did not get its turn in time is written with a later change.
+            const auto isWritten = [this, last = own + "2"] {
+                const Texts list = onDisk().whitelist;
+                return std::find(list.begin(), list.end(), last) != list.end();
+            };
+            for (int i = 0; i < 50 && !isWritten(); ++i) {
+                mine.settings.savePrefs();
+            }
+            ::_exit(0);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_THAT(onDisk().whitelist, ::testing::UnorderedElementsAreArray(expected));
+}
 
 TEST_F(ModelPrefs, WhatIsStoredIsTakenOverAndNothingIsWrittenBack)
 {
@@ -197,13 +349,56 @@ TEST_F(ModelPrefs, AChangeOfASettingKeepsWhatAnotherProcessHasAddedToTheExclusio
     EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a", "~/theirs"}));
 }
 
-TEST_F(ModelPrefs, ExclusionsThatCouldNotBeReadAtTheStartAreNotWrittenOver)
+TEST_F(ModelPrefs, ExclusionsStoredSinceTheStartAreNotWrittenOver)
 {
     AppModel& m = start();
     store.values["zolva.whitelist"] = Texts{"~/a", "~/b"};
     m.exclusions().setWlDraft("~/c");
     m.exclusions().addExclusion();
-    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/c", "~/a", "~/b"}));
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/a", "~/b", "~/c"}));
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/c", "~/a", "~/b"}));
+}
+
+TEST_F(ModelPrefs, AListThatIsGoneFromTheDiskComesBackWithTheNextChange)
+{
+    store.values["zolva.whitelist"] = Texts{"~/a", "~/b"};
+    AppModel& m = start();
+    store.values.erase("zolva.whitelist");
+    m.settings().setTouchid(false);
+    EXPECT_EQ(stored<Texts>("zolva.whitelist"), (Texts{"~/a", "~/b"}));
+}
+
+TEST_F(ModelPrefs, WhatCouldNotBeReadAtTheStartIsTakenOverAtTheNextLook)
+{
+    store.told.unread = "Permission denied";
+    AppModel& m = start();
+    EXPECT_EQ(m.settings().unread(), "Permission denied");
+    store.values = {{"zolva.themeMode", std::string("dark")}, {"zolva.whitelist", Texts{"~/a"}}};
+    store.told = {};
+    m.settings().takeOthersExclusions();
+    EXPECT_EQ(m.settings().unread(), "");
+    EXPECT_EQ(m.settings().themeMode(), ThemeMode::Dark);
+    EXPECT_EQ(m.exclusions().whitelist(), (Texts{"~/a"}));
+    EXPECT_TRUE(store.writes.empty());
+}
+
+TEST_F(ModelPrefs, WhileNothingCouldBeReadOnlyWhatWasChangedIsOfferedToTheStore)
+{
+    store.told.unread = "Permission denied";
+    AppModel& m = start();
+    m.settings().setPoll(9);
+    m.settings().setPoll(1);
+    m.exclusions().setWlDraft("~/mine");
+    m.exclusions().addExclusion();
+    EXPECT_EQ(store.writes,
+              (std::vector<RecordingStore::Written>{{{"zolva.pollInterval", std::int64_t{9}}},
+                                                    {{"zolva.pollInterval", std::int64_t{1}}},
+                                                    {{"zolva.whitelist", Texts{"~/mine"}}}}));
+    store.told = {};
+    m.settings().setPoll(3);
+    m.settings().setPoll(4);
+    EXPECT_EQ(store.writes[3].size(), 1U);
+    EXPECT_EQ(store.writes[4].size(), 6U);
 }
 
 TEST_F(ModelPrefs, AnExclusionTakenOutHereStaysOutWhateverAnotherProcessAdds)

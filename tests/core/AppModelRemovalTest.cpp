@@ -229,6 +229,42 @@ TEST_F(ModelRemoval, AnAnalysedFileThatAnotherProcessExcludedStays)
     EXPECT_TRUE(changes().empty());
 }
 
+TEST_F(ModelRemoval, NothingIsRemovedWhileWhatIsExcludedCannotBeRead)
+{
+    store.told.unread = "Permission denied";
+    disk->put("/i", 4000);
+    disk->put("~/x/kept", 100);
+    AppModel& m = cleaned();
+    m.lists().setInstallers({"/i"}, true);
+    const std::size_t atTheStart = toastTexts().size();
+    m.raiseSheet("erase");
+    m.raiseSheet("installer");
+    EXPECT_EQ(m.sheet(), std::nullopt);
+    m.removeInstaller(image("/i", 4000));
+    m.removal().trashAnalyzeItem("kept", "~/x/kept", 100);
+    untilIdle(m);
+    EXPECT_TRUE(changes().empty());
+    ASSERT_EQ(toastTexts().size(), atTheStart + 4);
+    EXPECT_EQ(toastTexts().back(), "Zolva can't read your settings: Permission denied. Nothing is "
+                                   "removed until it knows what never to touch.");
+
+    store.told = {};
+    store.values["zolva.whitelist"] = Names{"~/x"};
+    m.removal().trashAnalyzeItem("kept", "~/x/kept", 100);
+    EXPECT_TRUE(changes().empty());
+    m.raiseSheet("erase");
+    EXPECT_EQ(m.sheet(), "erase");
+}
+
+TEST_F(ModelRemoval, TheTrashIsEmptiedWhateverCannotBeRead)
+{
+    store.told.unread = "Permission denied";
+    disk->putInTrash("old", 700);
+    AppModel& m = ready();
+    m.askEmptyTrash();
+    EXPECT_EQ(m.sheet(), "emptytrash");
+}
+
 TEST_F(ModelRemoval, AConfirmedPurgeRunForgetsItsFigureAtTheScanThatFollows)
 {
     disk->put("/p/build", 3000);

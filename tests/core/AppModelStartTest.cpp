@@ -111,6 +111,34 @@ TEST_F(ModelStart, WithoutTheStepsOfTheWindowTheJournalStaysAndNothingIsProbed)
     EXPECT_TRUE(m.settings().prefsLoaded());
 }
 
+TEST_F(ModelStart, SettingsThatWereDamagedAreToldOnceAsAWarning)
+{
+    store.told.damaged = tree.path(".config/zolva/preferences.json.damaged");
+    const std::vector<Toast> toasts = start().toasts().toasts();
+    ASSERT_EQ(toasts.size(), 1U);
+    EXPECT_EQ(toasts[0].kind, BannerKind::Warning);
+    EXPECT_EQ(toasts[0].text,
+              "Your settings were damaged, so nothing is listed under \"Never touch these\". "
+              "The old file is ~/.config/zolva/preferences.json.damaged.");
+    EXPECT_FALSE(toasts[0].actionTitle);
+}
+
+TEST_F(ModelStart, SettingsThatCannotBeReadAreToldOnceAsAWarning)
+{
+    store.told.unread = "Permission denied";
+    const std::vector<Toast> toasts = start().toasts().toasts();
+    ASSERT_EQ(toasts.size(), 1U);
+    EXPECT_EQ(toasts[0].kind, BannerKind::Warning);
+    EXPECT_EQ(toasts[0].text, "Zolva can't read your settings: Permission denied. Nothing is "
+                              "removed until it knows what never to touch.");
+}
+
+TEST_F(ModelStart, WithoutTheStepsOfTheWindowNothingIsToldOfTheSettings)
+{
+    store.told = {"Permission denied", "/h/preferences.json.damaged"};
+    EXPECT_TRUE(start({.prefsCheck = false}).toasts().toasts().empty());
+}
+
 TEST_F(ModelStart, ARunThatDidNotFinishIsToldOnceAsAWarning)
 {
     leaveJournal("2026-01-01T00:00:00Z\tclean\t3 paths\tpid 1\n");

@@ -19,6 +19,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <sstream>
@@ -131,6 +132,89 @@ TEST_F(JsonPrefs, ManyProcessesAtOnceLoseNoneOfTheirKeys)
             EXPECT_TRUE(after.boolean(std::to_string(n) + "." + std::to_string(i))) << n << i;
         }
     }
+}
+
+TEST_F(JsonPrefs, ManyProcessesAtOnceLoseNoneOfTheirEntriesInOneList)
+{
+    constexpr int processes = 4;
+    constexpr int writes = 5;
+    stored(R"({"l": ["old", "gone"]})");
+    std::vector<pid_t> children;
+    for (int n = 0; n < processes; ++n) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            JsonPrefsStore mine(path());
+            const std::string own = std::to_string(n) + ".";
+            static_cast<void>(mine.texts("l")); // what it goes by is older than what it changes
+            mine.write({{"l", TextsChange{{own + "given up"}, {"gone"}}}});
+            for (int i = 0; i < writes; ++i) {
+                mine.write({{"l", TextsChange{{own + std::to_string(i)}, {own + "given up"}}}});
+            }
+            // What did not get its turn in time is written with a later change.
+            const auto isWritten = [this, last = own + std::to_string(writes - 1)] {
+                const Texts list = JsonPrefsStore(path()).texts("l").value_or(Texts());
+                return std::find(list.begin(), list.end(), last) != list.end();
+            };
+            for (int i = 0; i < 50 && !isWritten(); ++i) {
+                mine.write({});
+            }
+            ::_exit(0);
+        }
+        children.push_back(child);
+    }
+    Texts expected = {"old"};
+    for (int n = 0; n < processes; ++n) {
+        int status = 0;
+        ASSERT_EQ(::waitpid(children[static_cast<std::size_t>(n)], &status, 0),
+                  children[static_cast<std::size_t>(n)]);
+        EXPECT_EQ(status, 0);
+        for (int i = 0; i < writes; ++i) {
+            expected.push_back(std::to_string(n) + "." + std::to_string(i));
+        }
+    }
+    EXPECT_THAT(JsonPrefsStore(path()).texts("l").value_or(Texts()),
+                ::testing::UnorderedElementsAreArray(expected));
+}
+
+TEST_F(JsonPrefs, WhatOthersAddIsSeenAndKeptPastAChangeThatWasRefused)
+{
+    stored(R"({"l": ["old", "gone"], "n": 1})");
+    const int held =
+        ::open(m_tree.path("zolva/preferences.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_GE(held, 0);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    m_store.write({{"l", TextsChange{{"mine"}, {"gone"}}}});
+    EXPECT_EQ(m_log.messages(), (Texts{"preferences not written: another process holds them"}));
+    EXPECT_EQ(m_store.texts("l"), (Texts{"old", "mine"}));
+    stored(R"({"l": ["old", "gone", "theirs, with another length"], "n": 1})");
+    EXPECT_EQ(m_store.texts("l"), (Texts{"old", "theirs, with another length", "mine"}));
+    ::close(held);
+    m_store.write({{"n", std::int64_t{2}}});
+    EXPECT_EQ(onDisk(), (json{{"l", {"old", "theirs, with another length", "mine"}}, {"n", 2}}));
+}
+
+TEST_F(JsonPrefs, ChangesThatWereRefusedAreMadeOneAfterTheOther)
+{
+    stored(R"({"l": ["a"], "whole": ["x"]})");
+    const int held =
+        ::open(m_tree.path("zolva/preferences.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_GE(held, 0);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    m_store.write({{"l", TextsChange{{"b", "c"}, {}}}, {"whole", Texts{"y"}}});
+    m_store.write({{"l", TextsChange{{"d"}, {"b"}}}, {"whole", TextsChange{{"z"}, {}}}});
+    ::close(held);
+    m_store.write({});
+    EXPECT_EQ(onDisk(), (json{{"l", {"a", "c", "d"}}, {"whole", {"y", "z"}}}));
+}
+
+TEST_F(JsonPrefs, AChangeOfWhatIsNoListOfTextsBeginsWithAnEmptyOne)
+{
+    stored(R"({"l": ["a", 7], "n": 7})");
+    m_store.write({{"l", TextsChange{{"b"}, {}}},
+                   {"n", TextsChange{{"b"}, {}}},
+                   {"none", TextsChange{{}, {"b"}}}});
+    EXPECT_EQ(onDisk(), (json{{"l", {"b"}}, {"n", {"b"}}, {"none", json::array()}}));
 }
 
 TEST_F(JsonPrefs, TheFileIsTheUsersOwnAndSoIsItsFolder)
@@ -263,6 +347,86 @@ TEST_F(JsonPrefs, AFileThatMayNotBeReadIsNotReplaced)
     });
     m_tree.setMode("zolva/preferences.json", 0600);
     EXPECT_EQ(onDisk(), (json{{"theirs", 1}}));
+}
+
+TEST_F(JsonPrefs, AFileThatCanBeReadAgainIsReadThoughItNeverChanged)
+{
+    stored(R"({"l": ["a", "b"], "n": 1})");
+    m_tree.setMode("zolva/preferences.json", 0);
+    test::withoutOverridingPermissions([&] {
+        EXPECT_FALSE(m_store.has("n"));
+        EXPECT_FALSE(m_store.has("l"));
+        EXPECT_NE(m_store.trouble().unread, "");
+        m_tree.setMode("zolva/preferences.json", 0600);
+        EXPECT_EQ(m_store.trouble().unread, "");
+        EXPECT_EQ(m_store.texts("l"), (Texts{"a", "b"}));
+        m_tree.setMode("zolva/preferences.json", 0);
+        m_store.write({{"l", TextsChange{{"c"}, {}}}});
+        m_tree.setMode("zolva/preferences.json", 0600);
+        m_store.write({{"n", std::int64_t{2}}});
+        EXPECT_EQ(onDisk(), (json{{"l", {"a", "b", "c"}}, {"n", 2}}));
+        EXPECT_THAT(m_log.messages(),
+                    ::testing::ElementsAre(::testing::StartsWith("preferences not read: "),
+                                           ::testing::StartsWith("preferences not written: ")));
+    });
+}
+
+TEST_F(JsonPrefs, WhatWasReadStillHoldsWhileTheFileCannotBeRead)
+{
+    stored(R"({"l": ["a"]})");
+    test::withoutOverridingPermissions([&] {
+        EXPECT_EQ(m_store.texts("l"), (Texts{"a"}));
+        stored(R"({"l": ["a", "b"]})");
+        m_tree.setMode("zolva/preferences.json", 0);
+        EXPECT_EQ(m_store.texts("l"), (Texts{"a"}));
+        EXPECT_EQ(m_store.texts("l"), (Texts{"a"}));
+        EXPECT_EQ(m_store.trouble().unread, "");
+        EXPECT_EQ(m_log.messages().size(), 1U);
+        m_tree.setMode("zolva/preferences.json", 0600);
+        EXPECT_EQ(m_store.texts("l"), (Texts{"a", "b"}));
+    });
+}
+
+TEST_F(JsonPrefs, AFolderThatMayNotBeLookedIntoMayHoldAFileAndIsTold)
+{
+    stored(R"({"n": 1})");
+    m_tree.setMode("zolva", 0);
+    test::withoutOverridingPermissions([&] {
+        EXPECT_NE(m_store.trouble().unread, "");
+        EXPECT_THAT(m_log.messages(),
+                    ::testing::ElementsAre(::testing::StartsWith("preferences not read: ")));
+        m_tree.setMode("zolva", 0700);
+        EXPECT_EQ(m_store.wholeNumber("n"), 1);
+    });
+    m_tree.setMode("zolva", 0700);
+}
+
+TEST_F(JsonPrefs, AFirstStartIsNoTrouble)
+{
+    EXPECT_EQ(m_store.trouble().unread, "");
+    EXPECT_EQ(m_store.trouble().damaged, "");
+}
+
+TEST_F(JsonPrefs, ADamagedFileIsATroubleUntilANewOneIsWritten)
+{
+    stored("{");
+    EXPECT_EQ(m_store.trouble().damaged, path() + ".damaged");
+    EXPECT_EQ(JsonPrefsStore(path()).trouble().damaged, path() + ".damaged");
+    m_store.write({{"a", true}});
+    EXPECT_EQ(m_store.trouble().damaged, "");
+    EXPECT_EQ(JsonPrefsStore(path()).trouble().damaged, "");
+}
+
+TEST_F(JsonPrefs, ADamagedFileThatCannotBeSetAsideIsNotReplaced)
+{
+    stored("{");
+    m_tree.folder("zolva/preferences.json.damaged/inner");
+    EXPECT_EQ(m_store.trouble().damaged, path());
+    m_store.write({{"a", true}});
+    EXPECT_EQ(contentOf(path()), "{");
+    EXPECT_TRUE(m_store.boolean("a"));
+    EXPECT_THAT(m_log.messages(),
+                ::testing::Contains(::testing::StartsWith("preferences not written: ")));
 }
 
 TEST_F(JsonPrefs, InAFolderThatCannotBeWrittenTheValuesHoldForThisProcess)

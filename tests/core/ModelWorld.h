@@ -51,14 +51,21 @@ public:
     {
         return read<std::vector<std::string>>(key);
     }
+    PrefsTrouble trouble() override { return told; }
+    /// A change of a list is noted as the list that comes of it.
     void write(const Written& all) override
     {
         writes.push_back(all);
-        for (const auto& [key, value] : all) {
+        for (auto& [key, value] : writes.back()) {
+            if (const auto* const change = std::get_if<TextsChange>(&value)) {
+                const auto* const list = std::get_if<std::vector<std::string>>(&values[key]);
+                value = changed(list ? *list : std::vector<std::string>(), *change);
+            }
             values[key] = value;
         }
     }
 
+    PrefsTrouble told;
     std::map<std::string, PrefValue> values;
     std::vector<Written> writes;
 

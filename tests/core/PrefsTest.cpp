@@ -126,7 +126,7 @@ TEST_F(PrefsOnDisk, AnEmptyTextInTheWhitelistIsLostOnWriting)
     EXPECT_EQ(onDisk()["zolva.whitelist"], json({"~/b", "~/a"}));
     Settings settings;
     settings.whitelist = {"x", ""};
-    m_prefs.save(settings);
+    m_prefs.save(settings, {"~/b", "~/a"});
     EXPECT_EQ(onDisk()["zolva.whitelist"], json({"x"}));
 }
 
@@ -167,6 +167,35 @@ TEST_F(PrefsOnDisk, SavingWritesAllSixClampedAndLeavesTheSettingsGivenAlone)
     settings.poll = 60;
     settings.threshold = 1;
     EXPECT_EQ(m_prefs.load(), settings);
+}
+
+TEST_F(PrefsOnDisk, SavingTakesOutOfTheListOnlyWhatWasTakenOutHere)
+{
+    stored(R"({"zolva.whitelist": ["~/a", "~/theirs", "", "~/b"]})");
+    Settings settings;
+    settings.whitelist = {"~/b", "~/c"};
+    m_prefs.save(settings, {"~/a"});
+    EXPECT_EQ(onDisk()["zolva.whitelist"], json({"~/theirs", "~/b", "~/c"}));
+}
+
+TEST_F(PrefsOnDisk, SavingChangesLeavesTheOtherSettingsAsTheyAreStored)
+{
+    stored(R"({"zolva.whitelist": ["~/a", "~/b"], "zolva.pollInterval": 7})");
+    const Settings before = m_prefs.load();
+    stored(R"({"zolva.whitelist": ["~/a", "~/b", "~/theirs"], "zolva.pollInterval": 9})");
+    Settings now = before;
+    now.whitelist = {"~/a", "~/c"};
+    now.keepInTrash = false;
+    m_prefs.saveChanges(before, now);
+    EXPECT_EQ(onDisk(), (json{{"zolva.whitelist", {"~/a", "~/theirs", "~/c"}},
+                              {"zolva.pollInterval", 9},
+                              {"zolva.keepInTrash", false}}));
+}
+
+TEST_F(PrefsOnDisk, SavingNoChangesWritesNothing)
+{
+    m_prefs.saveChanges({}, {});
+    EXPECT_FALSE(onDisk().is_object());
 }
 
 TEST_F(PrefsOnDisk, TheAccessIntroIsRememberedBesideTheSettings)

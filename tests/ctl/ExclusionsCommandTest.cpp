@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <future>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +17,7 @@ namespace zolva::test {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 constexpr const char* file = ".config/zolva/preferences.json";
 
@@ -132,6 +136,55 @@ TEST(ExclusionsCommand, KeepsPathsThatAreNotUtf8AndGivesTheirRawForm)
                 HasSubstr(json("'seenAccessIntro':false,'raw':[null,'~/k%FE%25']}")));
     EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "remove", "~/k\xfe%"}).out,
               "Never touch these:\n  /a\n");
+}
+
+TEST(ExclusionsCommand, ChangesTheListAloneAndKeepsTheOtherSettings)
+{
+    TempTree tree;
+    tree.text(file, json("{'zolva.whitelist':['/a'],'zolva.pollInterval':7}"));
+    EXPECT_EQ(zolvactl(tree.root(), {"exclusions", "add", "/b"}).code, 0);
+    std::ifstream stream(tree.path(file));
+    const std::string content{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_THAT(content, HasSubstr("\"zolva.pollInterval\": 7"));
+    EXPECT_THAT(content, Not(HasSubstr("zolva.themeMode")));
+}
+
+TEST(ExclusionsCommand, AChangeOfAListThatCannotBeReadFails)
+{
+    TempTree tree;
+    tree.folder(file);
+    for (const std::string change : {"add", "remove"}) {
+        const Outcome outcome = zolvactl(tree.root(), {"exclusions", change, "/a"});
+        EXPECT_EQ(outcome.code, 1);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err, HasSubstr("zolvactl: preferences not written: "));
+    }
+}
+
+TEST(ExclusionsCommand, ManyAtOnceLoseNoneOfTheirEntries)
+{
+    TempTree tree;
+    std::vector<std::future<Outcome>> runs;
+    std::vector<std::string> expected = {"/old"};
+    tree.text(file, json("{'zolva.whitelist':['/old']}"));
+    for (int n = 0; n < 6; ++n) {
+        expected.push_back("/" + std::to_string(n));
+        runs.push_back(std::async(std::launch::async, [&tree, entry = expected.back()] {
+            Outcome outcome;
+            // One that did not get its turn in time says so.
+            for (int tries = 0; tries < 20 && outcome.code != 0; ++tries) {
+                outcome = zolvactl(tree.root(), {"exclusions", "add", entry});
+            }
+            return outcome;
+        }));
+    }
+    for (auto& run : runs) {
+        EXPECT_EQ(run.get().code, 0);
+    }
+    const std::string listed = zolvactl(tree.root(), {"exclusions"}).out;
+    for (const std::string& entry : expected) {
+        EXPECT_THAT(listed, HasSubstr("  " + entry + "\n"));
+    }
 }
 
 TEST(ExclusionsCommand, WhatIsNoChangeIsWrongUsage)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 
 namespace zolva::test {
 
@@ -114,6 +115,60 @@ TEST_F(CleanRun, LeavesTheExcludedAlone)
     EXPECT_EQ(home.run({"clean", "--run", "--yes"}).code, 0);
     EXPECT_THAT(home.trash(), ElementsAre("plain"));
     EXPECT_TRUE(home.has("Library/Logs/noisy"));
+}
+
+TEST_F(CleanRun, NothingIsRemovedWhereTheExclusionsCannotBeRead)
+{
+    home.tree.folder(".config/zolva/preferences.json");
+    const std::string file = home.tree.file("Documents/a");
+    const auto before = home.all();
+    const std::vector<std::vector<std::string>> removals = {
+        {"clean", "--run", "--yes"},
+        {"purge", "--run", "--yes"},
+        {"installers", "--run", "--dry-run"},
+        {"trash", file, "--yes", "--json"},
+    };
+    for (const std::vector<std::string>& words : removals) {
+        const Outcome outcome = home.run(words);
+        EXPECT_EQ(outcome.code, 1);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "zolvactl: preferences not read: Invalid argument\n"
+                               "zolvactl: Zolva can't read your settings: Invalid argument. "
+                               "Nothing is removed until it knows what never to touch.\n");
+    }
+    EXPECT_EQ(home.all(), before);
+    EXPECT_EQ(home.run({"empty-trash", "--yes"}).code, 0);
+}
+
+TEST_F(CleanRun, NothingIsRemovedWhereTheExclusionsCannotBeReadAnyMoreWhenTheAnswerCame)
+{
+    const std::string file = home.tree.path(".config/zolva/preferences.json");
+    ASSERT_EQ(home.run({"exclusions", "add", "~/Library/Logs"}).code, 0);
+    const Outcome outcome = ChildRun({"clean", "--run"})
+                                .home(home.tree.root())
+                                .answerAfter("[y/N] ", "y\n",
+                                             [&] {
+                                                 ASSERT_TRUE(std::filesystem::remove(file));
+                                                 std::filesystem::create_directory(file);
+                                             })
+                                .run();
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_TRUE(home.has("Library/Caches/plain"));
+    EXPECT_TRUE(home.has("Library/Logs/noisy"));
+}
+
+TEST_F(CleanRun, DamagedSettingsAreToldAtEachRemovalUntilThereAreNewOnes)
+{
+    home.tree.text(".config/zolva/preferences.json", "{");
+    const std::string note = "zolvactl: Your settings were damaged, so nothing is listed under "
+                             "\"Never touch these\". The old file is "
+                             "~/.config/zolva/preferences.json.damaged.\n";
+    const Outcome first = home.run({"clean", "--run", "--dry-run"});
+    EXPECT_EQ(first.code, 0);
+    EXPECT_THAT(first.err, HasSubstr(note));
+    EXPECT_EQ(home.run({"clean", "--run", "--dry-run"}).err, note);
+    ASSERT_EQ(home.run({"exclusions", "add", "~/Library/Logs"}).code, 0);
+    EXPECT_EQ(home.run({"clean", "--run", "--dry-run"}).err, "");
 }
 
 TEST_F(CleanRun, ADryRunTouchesNothing)

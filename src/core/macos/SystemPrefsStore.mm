@@ -84,6 +84,9 @@ public:
                 [m_d setDouble:*number forKey:name];
             } else if (const auto* text = std::get_if<std::string>(&value)) {
                 [m_d setObject:textOf(*text) forKey:name];
+            } else if (const auto* change = std::get_if<TextsChange>(&value)) {
+                const auto list = texts(key).value_or(std::vector<std::string>{});
+                [m_d setObject:arrayOf(changed(list, *change)) forKey:name];
             } else {
                 [m_d setObject:arrayOf(std::get<std::vector<std::string>>(value)) forKey:name];
             }

@@ -116,7 +116,7 @@ void AnalyzeModel::reveal(int row)
 void AnalyzeModel::moveFile(int row)
 {
     if (const LargeFile* const file = m_largeFiles.fileAt(row)) {
-        m_model.removal().analyzed().trashAnalyzeItem(file->name, file->path, file->size);
+        m_model.removal().trashAnalyzeItem(file->name, file->path, file->size);
     }
 }
 
