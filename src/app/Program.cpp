@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/DrawingChoice.h"
 #include "app/ZolvaApp.h"
+#include "async/Background.h"
 #include "desktop/DesktopId.h"
 #include "desktop/Display.h"
 #include "desktop/SingleInstance.h"
@@ -11,6 +12,7 @@
 
 #include <QGuiApplication>
 
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -27,9 +29,12 @@ constexpr auto noDisplay = "zolva: there is no display to show a window on.\n"
 constexpr auto brokenWindow = "zolva: the window cannot be made.\n";
 constexpr auto silent = "zolva: Zolva is running already, and does not answer.\n";
 
-/// Work on other threads is not waited for. It reads, or is a step of a removal, which ends as at
-/// any sudden death: what was to be moved is whole in one place or the other, and what is half
-/// deleted lies out of sight until the next sweep.
+/// A step of a removal under way gets this long to come to its end. One that takes longer, or waits
+/// for a password, ends as at any sudden death: what was to be moved is whole in one place or the
+/// other, and what is half deleted lies out of sight until the next sweep.
+constexpr std::chrono::seconds lastStep{2};
+
+/// Other threads that only read are not waited for.
 [[noreturn]] void leave(int code)
 {
     std::fflush(nullptr);
@@ -118,7 +123,9 @@ void runProgram(int argc, char** argv)
         complain(*complaint, 2);
     }
     const std::unique_ptr<SingleInstance> place = claimPlace();
-    leave(showAndWait(*place));
+    const int code = showAndWait(*place);
+    letStepsEnd(lastStep);
+    leave(code);
 }
 
 } // namespace zolva

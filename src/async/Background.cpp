@@ -12,7 +12,9 @@
 #include <algorithm>
 #include <atomic>
 
-namespace zolva::detail {
+namespace zolva {
+
+namespace detail {
 
 namespace {
 
@@ -101,4 +103,13 @@ void PoolWork::Done::await_suspend(std::coroutine_handle<> caller) const
     state->start(caller);
 }
 
-} // namespace zolva::detail
+} // namespace detail
+
+void letStepsEnd(std::chrono::milliseconds longest)
+{
+    QThreadPool& steps = detail::removalPool();
+    steps.clear();
+    steps.waitForDone(static_cast<int>(longest.count()));
+}
+
+} // namespace zolva

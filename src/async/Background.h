@@ -2,6 +2,7 @@
 
 #include <QCoroTask>
 
+#include <chrono>
 #include <coroutine>
 #include <functional>
 #include <memory>
@@ -83,5 +84,10 @@ template <typename Fn, typename... Args>
 {
     return detail::inPool(detail::Pool::Removals, std::move(fn), std::move(args)...);
 }
+
+/// For the end of the program, after the event loop: waits until the steps of removals that are
+/// under way have ended, but no longer than that. Those that wait for their turn never begin. Main
+/// thread.
+void letStepsEnd(std::chrono::milliseconds longest);
 
 } // namespace zolva

@@ -14,6 +14,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
 #include <memory>
 #include <stdexcept>
@@ -112,6 +113,32 @@ TEST(Background, AStepOfARemovalRunsWhileEveryThreadForReadsIsBusy)
         EXPECT_FALSE(queued.front().isReady()) << "they are busy indeed";
     }
     EXPECT_EQ(test::settled(std::move(queued.front())), 1);
+}
+
+TEST(Background, AStepUnderWayMayComeToItsEndBeforeTheProgramDoes)
+{
+    std::atomic<bool> hasBegun = false;
+    std::atomic<bool> isLeaving = false;
+    std::atomic<bool> hasEnded = false;
+    unawaited([](auto& begun, auto& leaving, auto& ended) -> QCoro::Task<> {
+        co_await backgroundStep([&begun, &leaving, &ended] {
+            begun = true;
+            leaving.wait(false);
+            for (int i = 0; i < 1000; ++i) {
+                std::this_thread::yield();
+            }
+            ended = true;
+        });
+    }(hasBegun, isLeaving, hasEnded));
+    while (!hasBegun) {
+        std::this_thread::yield();
+    }
+    isLeaving = true;
+    isLeaving.notify_one();
+    letStepsEnd(std::chrono::minutes(1));
+    EXPECT_TRUE(hasEnded);
+    // What the step came back to.
+    test::pumpOnce();
 }
 
 TEST(Background, StepsOfRemovalsHaveAStackForSignalsToo)
