@@ -28,7 +28,7 @@ ScreenCase {
     }
 
     function home(path: string): string {
-        return fixture.model.homeFolder + path;
+        return fixture.homeFolder + path;
     }
 
     function entries(path: string): var {
