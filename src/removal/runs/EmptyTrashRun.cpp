@@ -34,7 +34,7 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
         if (!tools.state) {
             break;
         }
-        tools.state->setCurrent(QString::fromStdString(displayText(entry.at)));
+        tools.state->setCurrent(QString::fromStdString(displayLine(entry.at)));
         std::optional<std::string> failure = co_await background(&deleteOn, tools.disk, entry);
         if (failure) {
             report.failures.push_back(std::move(*failure));
