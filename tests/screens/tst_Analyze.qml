@@ -375,6 +375,29 @@ ScreenCase {
         verify(focused().visualFocus);
     }
 
+    function test_inAnotherOrderThePageBeginsWhereItCameFromToo() {
+        downloads(0);
+        showWindow("analyze");
+        spoken("big").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_End);
+        press(Qt.Key_Right);
+        fixture.finishAnalysis({path: home("/Downloads/small"), entries: [{path: home("/Downloads/small/a"), size: 5}]});
+        settle();
+        press(Qt.Key_Left);
+        fixture.finishAnalysis({path: home("/Downloads"), entries: entries(home("/Downloads"))});
+        settle();
+        compare(focusedName(), "small");
+        fixture.model.analyze.sort.choose(1);
+        settle();
+        compare(names(), ["small", "film.mov", "big"]);
+        fixture.model.go("home");
+        fixture.model.go("analyze");
+        settle();
+        spoken("~").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Tab);
+        compare(focusedName(), "small");
+    }
+
     function test_whoeverUsesThePointerGetsNoRing() {
         downloads(0);
         showWindow("analyze");
