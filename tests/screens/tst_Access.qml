@@ -189,6 +189,13 @@ ScreenCase {
         compare(fixture.calls.filter(call => call === "access settings opened").length, 1);
     }
 
+    function test_theNoticesButtonHasTheMeasuresOfThePills() {
+        openNotice(["Mail"]);
+        const button = spoken("Open Settings");
+        compare(button.radius, 9);
+        compare(button.font, Face.text(13, Font.Medium));
+    }
+
     function test_theNoticeIsAbsentWhereNothingIsBlocked() {
         openNotice([]);
         verify(!view.visible);

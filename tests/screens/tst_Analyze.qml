@@ -275,6 +275,7 @@ ScreenCase {
         compare(path.color.toString(), Theme.palette.label3.toString());
         verify(written("99.0 MB", row));
         compare(written("Move to Trash", row).font.pixelSize, Face.text(12.5).pixelSize);
+        compare(typed("PillButton", row).radius, 9);
     }
 
     function test_aLargeFileMovesAtOnceAndIsMarked() {
