@@ -108,6 +108,9 @@ ScreenCase {
         click(spoken("Continue without full access"));
         verify(!fixture.model.access.introShown);
         verify(!fixture.calls.includes("access settings opened"));
+        fixture.setBlocked(["Mail", "Safari"]);
+        settle();
+        verify(!fixture.model.access.introShown);
     }
 
     function test_openSettingsClosesAndOpensThem() {
