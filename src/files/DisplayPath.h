@@ -17,8 +17,8 @@ namespace zolva {
 /// be told apart and decoded; nothing where the path is UTF-8.
 [[nodiscard]] std::optional<std::string> rawPath(std::string_view bytes);
 
-/// For one line of a terminal: `displayText` with U+FFFD for what steers a terminal or reorders the
-/// line: control characters, line and paragraph separators, embedded writing directions.
+/// For one line: `displayText` with U+FFFD for what begins another one, steers a terminal or turns
+/// this one: control characters, line and paragraph separators, embedded writing directions.
 [[nodiscard]] std::string displayLine(std::string_view bytes);
 
 } // namespace zolva

@@ -128,6 +128,21 @@ TEST(EmptyTrash, ShowsItsProgressWithTheNamesAndHoldsTheJournal)
                                   BulkProgress{title, 2, 2, "b"}));
 }
 
+TEST(EmptyTrash, ShowsAnyNameOnOneLineAndInItsOwnDirection)
+{
+    RunBench bench;
+    bench.disk->putInTrash("a\nb\u202Ec", 10);
+    QString current;
+    QObject::connect(&bench.state, &RunState::bulkChanged, &bench.toasts, [&] {
+        if (bench.state.bulk()) {
+            current = bench.state.bulk()->current;
+        }
+    });
+    settled(emptyTrash(bench.tools()));
+    EXPECT_EQ(current.toStdString(), "a\uFFFDb\uFFFDc");
+    bench.settleMeasure();
+}
+
 TEST(EmptyTrash, StopChangesTheTitleAndStopsNothingAndTheNextRunEndsBeforeItsFirstPath)
 {
     RunBench bench;

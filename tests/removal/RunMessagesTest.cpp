@@ -58,6 +58,13 @@ TEST(RunMessages, OneFailureIsToldInItsOwnWords)
                 ElementsAre("Skipped 1 item: No space left"));
 }
 
+TEST(RunMessages, WhateverIsToldStandsOnOneLineAndInItsOwnDirection)
+{
+    EXPECT_THAT(texts(figures(0, 0, {"/a\nb\u202Ec: Busy"}, 0, {"d\r\ne\u2066f: Busy"}), true),
+                ElementsAre("Skipped 1 item: /a\uFFFDb\uFFFDc: Busy",
+                            "Left in the Trash: d\uFFFD\uFFFDe\uFFFDf: Busy"));
+}
+
 TEST(RunMessages, SeveralFailuresAreCountedTwice)
 {
     EXPECT_THAT(texts(figures(0, 0, {"a", "b", "c", "d"}), true),
@@ -146,6 +153,15 @@ TEST(ShortenedPath, BytesThatAreNoTextAreShownAndCutToo)
     EXPECT_EQ(shortenedPath("/\xFF"), QString::fromUtf8("/\xEF\xBF\xBD"));
 }
 
+TEST(ShortenedPath, StandsOnOneLineAndInItsOwnDirection)
+{
+    EXPECT_EQ(shortenedPath("~/Downloads/a\n~/Documents/b\u202Egpj.dmg").toStdString(),
+              "~/Downloads/a\uFFFD~/Documents/b\uFFFDgpj.dmg");
+    const std::string path = "\n" + std::string(57, 'a') + "\u2029";
+    EXPECT_EQ(shortenedPath(path).toStdString(),
+              "\uFFFD" + std::string(23, 'a') + "…" + std::string(30, 'a') + "\uFFFD");
+}
+
 TEST(UninstallMessages, CountAppsWithTheirPlural)
 {
     EXPECT_EQ(stillRunningText(1),
@@ -191,6 +207,24 @@ TEST(AnalyzeMessages, NameTheItem)
     EXPECT_EQ(placeTakenText("~/film.mov", "film.mov"),
               "Something else is already at ~/film.mov, so film.mov stayed in the Trash");
     EXPECT_EQ(putBackFailedText("film.mov", "Busy"), "Couldn't put film.mov back: Busy");
+}
+
+TEST(AnalyzeMessages, ShowAnyNameOnOneLineAndInItsOwnDirection)
+{
+    const std::string name = "a\nb\u202Ec";
+    const std::string shown = "a\uFFFDb\uFFFDc";
+    EXPECT_EQ(cannotMoveText(name).toStdString(), "Can't move that to the Trash: " + shown);
+    EXPECT_EQ(neverTouchText(name).toStdString(),
+              shown + " is in your \"Never touch these\" list.");
+    EXPECT_EQ(isGoneText(name).toStdString(), shown + " is already gone");
+    EXPECT_EQ(moveFailedText(name, name).toStdString(),
+              "Couldn't move " + shown + " to the Trash: " + shown);
+    EXPECT_EQ(leftTheTrashText(name).toStdString(),
+              shown + " is no longer in the Trash, so it can't be put back");
+    EXPECT_EQ(placeTakenText("~/" + name, name).toStdString(),
+              "Something else is already at ~/" + shown + ", so " + shown + " stayed in the Trash");
+    EXPECT_EQ(putBackFailedText(name, name).toStdString(),
+              "Couldn't put " + shown + " back: " + shown);
 }
 
 TEST(QuitWords, AreThoseOfTheAlert)

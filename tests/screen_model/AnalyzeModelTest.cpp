@@ -189,6 +189,26 @@ TEST_F(TheAnalyzeScreen, BeginsAfterAWayUpAtTheRowItCameFrom)
     EXPECT_EQ(analyze.startRow(), 1);
 }
 
+TEST_F(TheAnalyzeScreen, BeginsInAnotherOrderAtTheRowItCameFromToo)
+{
+    AppModel& m = ready();
+    AnalyzeModel analyze(m);
+    analyzed(m, downloads());
+    analyze.open(0);
+    AnalyzeResult inside;
+    inside.path = tree.path("Downloads/big");
+    found(inside);
+    analyze.goUp();
+    found(downloads());
+    EXPECT_EQ(analyze.startRow(), 0);
+    const Told told(&analyze, &AnalyzeModel::changed);
+    analyze.sort()->choose(1);
+    EXPECT_EQ(analyze.startRow(), 2);
+    EXPECT_EQ(told.count(), 1);
+    analyze.sort()->choose(2);
+    EXPECT_EQ(analyze.startRow(), 1) << "behind a.iso";
+}
+
 TEST_F(TheAnalyzeScreen, IsEmptyWhereTheFolderIsOrCannotBeRead)
 {
     AppModel& m = ready();

@@ -89,6 +89,20 @@ TEST_F(TheEntries, TellTheirShareOfTheWhole)
     EXPECT_EQ(textAt(rows, 1, AnalyzeRows::ValueRole), "305 bytes, 30.5%");
 }
 
+TEST_F(TheEntries, RoundAShareThatIsHalfwayToTheEvenDigit)
+{
+    AppModel& m = ready();
+    const AnalyzeRows rows(m);
+    AnalyzeResult result = three();
+    result.entries[0].size = 3;
+    result.entries[1].size = 1;
+    result.totalSize = 16;
+    analyzed(m, result);
+    EXPECT_EQ(textAt(rows, 0, AnalyzeRows::ShareTextRole), "18.8%"); // of 18.75
+    EXPECT_EQ(textAt(rows, 1, AnalyzeRows::ShareTextRole), "6.2%");  // of 6.25
+    EXPECT_EQ(textAt(rows, 1, AnalyzeRows::ValueRole), "1 bytes, 6.2%");
+}
+
 TEST_F(TheEntries, HaveNoShareOfNothing)
 {
     AppModel& m = ready();

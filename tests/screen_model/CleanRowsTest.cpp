@@ -282,6 +282,21 @@ TEST_F(TheCleanRows, ALongPathIsShortenedInItsLineAndWholeBesideIt)
     EXPECT_EQ(all[1].fullText.toStdString(), whole59);
 }
 
+TEST_F(TheCleanRows, ShowAnyNameOnOneLineAndInItsOwnDirection)
+{
+    AppModel& m = ready();
+    Category odd = cache("a", {path("/x\ny\u202Ez", 1)});
+    odd.name = "n\u2028m";
+    odd.desc = "d\ne";
+    scanned(m, {odd});
+    m.lists().setOpenCat("a");
+    const CleanRows rows(m);
+    EXPECT_EQ(textAt(rows, 0, CleanRows::NameRole), "n\uFFFDm");
+    EXPECT_EQ(textAt(rows, 0, CleanRows::DescRole), "d\uFFFDe");
+    const QString shown = QStringLiteral("/x\uFFFDy\uFFFDz");
+    EXPECT_EQ(lines(rows, 0), (QList<PathLine>{{shown, shown, "1 bytes", true}}));
+}
+
 TEST_F(TheCleanRows, OpeningARowClosesTheOtherAndTellsOnlyThem)
 {
     AppModel& m = withThree();

@@ -1,7 +1,5 @@
 #include "screens/model/ConfirmMessages.h"
 
-#include "files/DisplayPath.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -203,8 +201,30 @@ TEST(ConfirmMessages, ARowKnowsItsWholePath)
     std::vector<CatPath> one = paths(1);
     one[0].p = std::string(100, 'x') + "\n";
     const ConfirmWords words = eraseWords(one, 1, true);
-    EXPECT_EQ(words.rows[0].fullText, QString::fromStdString(displayText(one[0].p)));
-    EXPECT_GE(words.rows[0].fullText.size(), 101);
+    EXPECT_EQ(words.rows[0].fullText.toStdString(), std::string(100, 'x') + "\uFFFD");
+}
+
+TEST(ConfirmMessages, AnyPathStandsOnOneLineAndInItsOwnDirection)
+{
+    const std::string path = "~/Downloads/a\n~/Documents/b\u202Egpj.dmg";
+    const std::string shown = "~/Downloads/a\uFFFD~/Documents/b\uFFFDgpj.dmg";
+    std::vector<CatPath> caches = paths(1);
+    caches[0].p = path;
+    std::vector<Project> folders = projects(1);
+    folders[0].p = path;
+    std::vector<InstallerItem> files = installers(1);
+    files[0].p = path;
+    std::vector<UninstallApp> bundles = apps(1);
+    bundles[0].path = path;
+    const auto rowIs = [](const ConfirmWords& words, const std::string& wanted) {
+        ASSERT_EQ(words.rows.size(), 1);
+        EXPECT_EQ(words.rows[0].label.toStdString(), wanted);
+        EXPECT_EQ(words.rows[0].fullText.toStdString(), wanted);
+    };
+    rowIs(eraseWords(caches, 1, true), shown);
+    rowIs(purgeWords(folders, true), shown + "/build");
+    rowIs(installerWords(files, true), shown);
+    rowIs(uninstallWords(bundles, true), shown);
 }
 
 } // namespace

@@ -52,11 +52,6 @@ TEST_F(TheScreens, AreLightOrDarkAsTheModelSays)
     EXPECT_EQ(told.count(), 2);
 }
 
-TEST_F(TheScreens, KnowTheHomeFolder)
-{
-    EXPECT_EQ(ScreenModel(ready(), clock).homeFolder().toStdString(), tree.root());
-}
-
 TEST_F(TheScreens, RunAndDismissToasts)
 {
     AppModel& m = ready();

@@ -257,6 +257,16 @@ TEST_F(TheSettingsScreen, APathThatIsNoTextIsShownAndRemovedByItsBytes)
     EXPECT_EQ(m.exclusions().whitelist(), Texts{"/a\xfe"});
 }
 
+TEST_F(TheSettingsScreen, ShowsAnyExclusionOnOneLineAndInItsOwnDirection)
+{
+    AppModel& m = ready();
+    m.exclusions().setWhitelist({"/a\n/b\u202Ec"});
+    SettingsModel page(m);
+    EXPECT_EQ(listed(page), Texts{"/a\uFFFD/b\uFFFDc"});
+    page.remove(0);
+    EXPECT_EQ(m.exclusions().whitelist(), Texts{});
+}
+
 // The outside tool
 
 TEST_F(TheSettingsScreen, TheSourceAndTheLicenseOpenOutside)

@@ -108,6 +108,9 @@ ScreenCase {
         click(spoken("Continue without full access"));
         verify(!fixture.model.access.introShown);
         verify(!fixture.calls.includes("access settings opened"));
+        fixture.setBlocked(["Mail", "Safari"]);
+        settle();
+        verify(!fixture.model.access.introShown);
     }
 
     function test_openSettingsClosesAndOpensThem() {
@@ -187,6 +190,13 @@ ScreenCase {
         openNotice(["Mail"]);
         click(spoken("Open Settings"));
         compare(fixture.calls.filter(call => call === "access settings opened").length, 1);
+    }
+
+    function test_theNoticesButtonHasTheMeasuresOfThePills() {
+        openNotice(["Mail"]);
+        const button = spoken("Open Settings");
+        compare(button.radius, 9);
+        compare(button.font, Face.text(13, Font.Medium));
     }
 
     function test_theNoticeIsAbsentWhereNothingIsBlocked() {

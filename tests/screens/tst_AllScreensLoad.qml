@@ -10,6 +10,16 @@ ScreenCase {
     readonly property list<string> screens: ["home", "clean", "purge", "installer", "uninstall",
         "analyze", "status", "settings"]
 
+    /// What shows what was found, of the screens that find something.
+    readonly property var rowTypes: ({
+            home: "HomeCard",
+            clean: "CleanRow",
+            purge: "PurgeRow",
+            installer: "InstallerRow",
+            uninstall: "AppRow",
+            analyze: "AnalyzeRow"
+        })
+
     name: "AllScreensLoad"
 
     function combinations() {
@@ -53,13 +63,17 @@ ScreenCase {
         showWindow(row.screen);
         verify(pageOf(row.screen) !== null);
         verify(pageOf(row.screen).height > 0);
+        if (row.screen in rowTypes)
+            verify(allTyped(rowTypes[row.screen]).length > 0);
     }
 
     function test_aScreenFollowsItsScanFromTheWelcomeToTheRows_data() {
-        return screens.map(screen => ({tag: screen, screen: screen}));
+        return Object.keys(rowTypes).map(screen => ({tag: screen, screen: screen}));
     }
     function test_aScreenFollowsItsScanFromTheWelcomeToTheRows(row) {
         showWindow(row.screen);
+        verify(typed("ScanWelcome").visible);
+        compare(allTyped(rowTypes[row.screen]).length, 0);
         fixture.beginCleanScan();
         fixture.beginPurgeScan();
         fixture.beginInstallerScan();
@@ -72,7 +86,8 @@ ScreenCase {
         settle();
         fill();
         settle();
-        verify(pageOf(row.screen) !== null);
+        compare(typed("ScanWelcome"), null);
+        verify(allTyped(rowTypes[row.screen]).length > 0);
     }
 
     function test_aScreenChangesItsThemeWhileItIsShown_data() {
@@ -122,13 +137,16 @@ ScreenCase {
         fill();
         showWindow("home");
         for (const screen of screens) {
-            fixture.model.go(screen);
             fixture.setBulk("Cleaning", 9, 3, "~/Library/Caches/a");
+            fixture.model.go(screen);
             settle();
+            verify(fixture.model.bulk.present, screen);
+            const isShown = ["clean", "purge", "installer", "uninstall"].includes(screen);
+            compare(written("Cleaning") !== null, isShown, screen);
             fixture.clearBulk();
             settle();
+            compare(written("Cleaning"), null, screen);
         }
-        compare(fixture.model.bulk.present, false);
     }
 
     function test_anUnknownScreenIsTheHomeScreen() {

@@ -28,7 +28,7 @@ ScreenCase {
     }
 
     function home(path: string): string {
-        return fixture.model.homeFolder + path;
+        return fixture.homeFolder + path;
     }
 
     function entries(path: string): var {
@@ -275,6 +275,7 @@ ScreenCase {
         compare(path.color.toString(), Theme.palette.label3.toString());
         verify(written("99.0 MB", row));
         compare(written("Move to Trash", row).font.pixelSize, Face.text(12.5).pixelSize);
+        compare(typed("PillButton", row).radius, 9);
     }
 
     function test_aLargeFileMovesAtOnceAndIsMarked() {
@@ -373,6 +374,29 @@ ScreenCase {
         settle();
         compare(focusedName(), "small");
         verify(focused().visualFocus);
+    }
+
+    function test_inAnotherOrderThePageBeginsWhereItCameFromToo() {
+        downloads(0);
+        showWindow("analyze");
+        spoken("big").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_End);
+        press(Qt.Key_Right);
+        fixture.finishAnalysis({path: home("/Downloads/small"), entries: [{path: home("/Downloads/small/a"), size: 5}]});
+        settle();
+        press(Qt.Key_Left);
+        fixture.finishAnalysis({path: home("/Downloads"), entries: entries(home("/Downloads"))});
+        settle();
+        compare(focusedName(), "small");
+        fixture.model.analyze.sort.choose(1);
+        settle();
+        compare(names(), ["small", "film.mov", "big"]);
+        fixture.model.go("home");
+        fixture.model.go("analyze");
+        settle();
+        spoken("~").forceActiveFocus(Qt.TabFocusReason);
+        press(Qt.Key_Tab);
+        compare(focusedName(), "small");
     }
 
     function test_whoeverUsesThePointerGetsNoRing() {

@@ -130,6 +130,7 @@ ScreenCase {
     function test_rescanForgetsWhatWasTicked() {
         open(mixed);
         click(row("Lumen.dmg").head);
+        compare(ticked(), ["Lumen.dmg"]);
         click(typed("RescanButton"));
         verify(written("Scanning…"));
         fixture.finishInstallerScan();
@@ -288,7 +289,7 @@ ScreenCase {
         tryVerify(() => !fixture.model.bulk.present);
     }
 
-    function test_aRemovalByTheKeysLeavesTheKeyboardInTheList() {
+    function test_aRemovalByTheKeysLeavesTheKeyboardOnThePage() {
         fixture.setInstallers(mixed);
         showWindow("installer");
         const screen = typed("InstallerScreen");
@@ -301,7 +302,7 @@ ScreenCase {
         tryVerify(() => !fixture.model.bulk.present && !screen.menu.visible);
         settle();
         compare(names(), ["Lumen.dmg", "Tern.dmg"]);
-        verify(focused() !== null && focusedName() !== "", "nothing has the keyboard");
+        verify(typed("ListPage").activeFocus, focusedName());
     }
 
     function test_whatIsBesideTheRowsHasNoMenu() {
@@ -319,6 +320,30 @@ ScreenCase {
         mouseClick(view, 200, 20, Qt.RightButton);
         wait(50);
         verify(!menu().visible);
+    }
+
+    function test_aToastCoversTheMenusOfTheRowsBelowIt() {
+        fixture.installers(40);
+        showWindow("installer");
+        for (const text of ["First", "Second", "Third"])
+            fixture.addToast("info", text);
+        tryVerify(() => allTyped("ToastView").length === 3);
+        settle();
+        const toast = place(spoken("First"));
+        const x = toast.x + toast.width / 2;
+        const y = toast.y + toast.height / 2;
+        const list = typed("CollapsingPage").listView;
+        const menu = typed("InstallerScreen").menu;
+        verify(rows().some(row => place(row).y < y && endY(place(row)) > y), "a row lies below");
+        mouseClick(view, x, y, Qt.RightButton);
+        mouseWheel(view, x, y, 0, -1200);
+        wait(50);
+        verify(!menu.visible);
+        compare(list.contentY, list.originY);
+        fixture.advance(10100);
+        tryVerify(() => allTyped("ToastView").length === 0);
+        mouseClick(view, x, y, Qt.RightButton);
+        tryVerify(() => menu.opened);
     }
 
     function test_aRunHoldsThePageAndItsMenus() {

@@ -93,6 +93,12 @@ Rectangle {
             compare(pillClicks.count, 1);
         }
 
+        function test_noOtherButtonOfThePointerPresses() {
+            for (const button of [Qt.RightButton, Qt.MiddleButton, Qt.BackButton])
+                mouseClick(pill, 5, 5, button);
+            compare(pillClicks.count, 0);
+        }
+
         function test_aDisabledButtonIsPressedByNothing() {
             pill.forceActiveFocus(Qt.TabFocusReason);
             pill.enabled = false;

@@ -278,6 +278,7 @@ ScreenCase {
         settle();
         verify(rows()[0].ticked);
         compare(spoken("Deselect all"), null);
+        compare(focusedName(), "Stop removing");
         click(spoken("Stop removing"));
         verify(written("Stopping…"));
         fixture.clearBulk();

@@ -160,8 +160,13 @@ FindingCase {
     }
     function test_aToastDismissedWhileItComesInTurnsBack() {
         const id = fixture.addToast("info", "Hasty");
+        stack.children[0].forceLayout();
+        const view = views(stack)[0];
+        let nearest = trailingEdge(view);
+        view.xChanged.connect(() => nearest = Math.min(nearest, trailingEdge(view)));
         fixture.model.dismissToast(id);
         tryVerify(() => views(stack).length === 0);
+        verify(nearest > stack.width, "as far in as " + nearest);
     }
     function test_thoseThatStayCloseTheGap() {
         const first = fixture.addToast("info", "First");
@@ -251,6 +256,25 @@ FindingCase {
         mouseClick(stack, stack.width - 200, stack.height - 22);
         compare(under.presses, 2);
     }
+    function test_neitherAnyButtonNorTheWheelReachesWhatLiesUnderAToast() {
+        fixture.addToast("info", "In the corner", "Undo");
+        settle();
+        const view = views(stack)[0];
+        const parts = [view, symbolOf(view), spoken("Undo", view), spoken("Dismiss notification", view)];
+        under.presses = 0;
+        under.turns = 0;
+        for (const part of parts) {
+            for (const button of [Qt.RightButton, Qt.MiddleButton, Qt.BackButton])
+                mouseClick(part, part.width / 2, part.height / 2, button);
+            mouseWheel(part, part.width / 2, part.height / 2, 0, -120);
+        }
+        compare([under.presses, under.turns], [0, 0]);
+        compare(stack.count, 1);
+        verify(!fixture.calls.includes("toast: Undo"));
+        mouseClick(stack, 40, 40, Qt.RightButton);
+        mouseWheel(stack, 40, 40, 0, -120);
+        compare([under.presses, under.turns], [1, 1]);
+    }
 
     height: 600
     name: "Toasts"
@@ -262,9 +286,12 @@ FindingCase {
         id: under
 
         property int presses: 0
+        property int turns: 0
 
+        acceptedButtons: Qt.AllButtons
         anchors.fill: parent
         onClicked: ++presses
+        onWheel: ++turns
     }
 
     Component {

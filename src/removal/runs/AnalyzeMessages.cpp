@@ -9,7 +9,7 @@ namespace {
 
 QString shown(const std::string& bytes)
 {
-    return QString::fromStdString(displayText(bytes));
+    return QString::fromStdString(displayLine(bytes));
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include <string>
 
 /// The words about single files that the user sends to the Trash, and back. Pure; names and paths
-/// may hold any bytes.
+/// may hold any bytes, and nothing in them begins another line or turns the direction of one.
 namespace zolva {
 
 inline constexpr auto undoAction = "Undo";

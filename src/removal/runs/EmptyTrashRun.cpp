@@ -34,7 +34,7 @@ QCoro::Task<EmptyReport> deleteInTurn(RunTools tools, std::vector<KnownItem> ent
         if (!tools.state) {
             break;
         }
-        tools.state->setCurrent(QString::fromStdString(displayText(entry.at)));
+        tools.state->setCurrent(QString::fromStdString(displayLine(entry.at)));
         tl::expected<Deletion, std::string> deletion =
             co_await backgroundStep(&deleteOn, tools.disk, entry);
         if (!deletion) {

@@ -17,7 +17,7 @@ constexpr qsizetype shownTail = 31;
 
 QString shown(std::string_view bytes)
 {
-    return QString::fromStdString(displayText(bytes));
+    return QString::fromStdString(displayLine(bytes));
 }
 
 /// Where each character, as people count them, begins, and the end.

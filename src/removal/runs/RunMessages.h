@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The words of the bulk runs. Pure; text of the disk may hold any bytes.
+/// The words of the bulk runs. Pure; text of the disk may hold any bytes, and nothing in it begins
+/// another line or turns the direction of one.
 namespace zolva {
 
 inline constexpr auto excludedReason = "excluded in Settings";

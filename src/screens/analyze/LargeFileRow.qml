@@ -90,7 +90,6 @@ ListRow {
         font: Face.text(12.5)
         hpad: 12
         pillHeight: 28
-        radius: 7
         role: PillButton.Neutral
         spokenName: row.spokenName
         title: "Move to Trash"

@@ -43,10 +43,13 @@ Item {
         radius: 12
     }
 
-    // What lies below is covered.
+    // What lies below is covered, from every button and the wheel.
     MouseArea {
+        acceptedButtons: Qt.AllButtons
         anchors.fill: parent
         hoverEnabled: true
+
+        onWheel: wheel => wheel.accepted = true
     }
 
     RowLayout {

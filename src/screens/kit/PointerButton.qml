@@ -53,8 +53,14 @@ T.AbstractButton {
         button.press();
     }
 
-    HoverCursor {
-        enabled: button.enabled
+    // In a part of its own: what has a handler takes the presses of every mouse button in Qt 6.4,
+    // and a button would be pressed by them all.
+    Item {
+        anchors.fill: parent
+
+        HoverCursor {
+            enabled: button.enabled
+        }
     }
 
     ShiftWatch {

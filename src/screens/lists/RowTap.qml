@@ -3,8 +3,7 @@ import QtQuick
 import Zolva.Lists
 
 // Asks for the menu of whichever row of a list is pressed with the other button. It is one for all
-// rows, and over them: a button that has hover handlers swallows the presses of every mouse button
-// in Qt 6.4.
+// rows, and over them and what of them can be pressed.
 MouseArea {
     id: tap
 

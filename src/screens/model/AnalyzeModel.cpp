@@ -15,6 +15,8 @@ AnalyzeModel::AnalyzeModel(AppModel& model, QObject* parent)
     : QObject(parent), m_model(model), m_rows(model), m_largeFiles(model),
       m_sort(model, "analyze", {SortKey::SizeDesc, SortKey::SizeAsc, SortKey::NameAsc})
 {
+    // Another order gives that row another place, too.
+    connect(&m_rows, &AnalyzeRows::modelReset, this, &AnalyzeModel::findStart);
     connect(&model.live(), &LiveData::analyzeChanged, this, &AnalyzeModel::follow);
     connect(&model.removal().space(), &FreeSpaceMeter::freeSpaceChanged, this,
             &AnalyzeModel::changed);
@@ -134,9 +136,16 @@ void AnalyzeModel::analyze(std::string path)
     unawaited(m_model.live().analyze(std::move(path)));
 }
 
+void AnalyzeModel::findStart()
+{
+    const int row = m_rows.rowAbove(m_cameFrom);
+    if (std::exchange(m_startRow, row) != row) {
+        Q_EMIT changed();
+    }
+}
+
 void AnalyzeModel::follow()
 {
-    m_startRow = m_rows.rowAbove(m_cameFrom);
     Q_EMIT changed();
     Q_EMIT pageChanged();
 }

@@ -74,6 +74,7 @@ Q_SIGNALS:
 
 private:
     void analyze(std::string path);
+    void findStart();
     void follow();
 
     AppModel& m_model;

@@ -1,5 +1,6 @@
 #include "screens/model/AnalyzeRows.h"
 
+#include "files/FixedText.h"
 #include "files/PathText.h"
 
 #include "screens/model/ShownText.h"
@@ -129,7 +130,7 @@ double AnalyzeRows::share(const AnalyzeEntry& entry) const
 
 QString AnalyzeRows::shareText(const AnalyzeEntry& entry) const
 {
-    return QString::number(share(entry) * 100, 'f', 1) + QLatin1Char('%');
+    return QString::fromStdString(fixedText(share(entry) * 100, 1)) + QLatin1Char('%');
 }
 
 } // namespace zolva

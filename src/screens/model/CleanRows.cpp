@@ -71,9 +71,9 @@ QVariant CleanRows::read(const ListRow& listed, int role) const
     const Row& row = static_cast<const Row&>(listed);
     switch (role) {
     case NameRole:
-        return shownText(row.category.name);
+        return shownLine(row.category.name);
     case DescRole:
-        return shownText(row.category.desc);
+        return shownLine(row.category.desc);
     case TickedRole:
         return row.isTicked && row.isTickable;
     case TrailingRole:
@@ -175,7 +175,7 @@ QList<PathLine> CleanRows::lines(const Category& category) const
     const std::size_t count = std::min(category.paths.size(), lineLimit);
     for (std::size_t place = 0; place < count; ++place) {
         const CatPath& path = category.paths[place];
-        PathLine line{shortenedPath(path.p), shownText(path.p), {}, false};
+        PathLine line{shortenedPath(path.p), shownLine(path.p), {}, false};
         if (!isRemovable(path, rules)) {
             line.trailing = QStringLiteral("Protected");
         } else if (path.sudo) {

@@ -26,7 +26,7 @@ QString removalTitle(const QString& what, bool keepInTrash)
 
 ConfirmRow rowFor(const std::string& path, const QString& size)
 {
-    return {shortenedPath(path), size, shownText(path)};
+    return {shortenedPath(path), size, shownLine(path)};
 }
 
 ConfirmRow rowOf(const CatPath& path)

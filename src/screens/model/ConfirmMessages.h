@@ -26,7 +26,7 @@ class ConfirmRow
 public:
     QString label;    ///< a path, shortened
     QString size;     ///< as text; empty where it has none
-    QString fullText; ///< the whole path
+    QString fullText; ///< the whole path, on one line
 
     friend bool operator==(const ConfirmRow&, const ConfirmRow&) = default;
 };

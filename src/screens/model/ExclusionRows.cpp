@@ -31,7 +31,7 @@ QVariant ExclusionRows::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != PathRole) {
         return {};
     }
-    return shownText(m_shown.at(static_cast<std::size_t>(index.row())));
+    return shownLine(m_shown.at(static_cast<std::size_t>(index.row())));
 }
 
 QHash<int, QByteArray> ExclusionRows::roleNames() const

@@ -173,7 +173,7 @@ QHash<int, QByteArray> MenuPanelModel::roleNames() const
 
 void MenuPanelModel::readVolumeName()
 {
-    const QString read = shownText(m_model.volumeName());
+    const QString read = shownLine(m_model.volumeName());
     const QString name = read.isEmpty() ? QString::fromUtf8(menuwords::unnamedVolume) : read;
     if (std::exchange(m_volumeName, name) != name) {
         Q_EMIT diskChanged();

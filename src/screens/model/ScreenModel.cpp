@@ -1,9 +1,5 @@
 #include "screens/model/ScreenModel.h"
 
-#include "files/HomeFolder.h"
-
-#include "screens/model/ShownText.h"
-
 namespace zolva {
 
 ScreenModel::ScreenModel(AppModel& model, Clock& clock, QObject* parent)
@@ -24,11 +20,6 @@ QString ScreenModel::screen() const
 bool ScreenModel::lightTheme() const
 {
     return m_model.isLightTheme();
-}
-
-QString ScreenModel::homeFolder() const
-{
-    return shownText(zolva::homeFolder());
 }
 
 void ScreenModel::go(const QString& screen)

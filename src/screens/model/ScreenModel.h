@@ -34,7 +34,6 @@ class ScreenModel final : public QObject
     QML_UNCREATABLE("made by the program")
     Q_PROPERTY(QString screen READ screen NOTIFY screenChanged)
     Q_PROPERTY(bool lightTheme READ lightTheme NOTIFY lightThemeChanged)
-    Q_PROPERTY(QString homeFolder READ homeFolder CONSTANT)
     Q_PROPERTY(zolva::SidebarModel* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(zolva::HomeModel* home READ home CONSTANT)
     Q_PROPERTY(zolva::CleanModel* clean READ clean CONSTANT)
@@ -58,7 +57,6 @@ public:
 
     [[nodiscard]] QString screen() const;
     [[nodiscard]] bool lightTheme() const;
-    [[nodiscard]] QString homeFolder() const; ///< for showing
     [[nodiscard]] SidebarModel* sidebar() { return &m_sidebar; }
     [[nodiscard]] HomeModel* home() { return &m_home; }
     [[nodiscard]] CleanModel* clean() { return &m_clean; }

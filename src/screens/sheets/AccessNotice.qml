@@ -61,10 +61,8 @@ Card {
         anchors.right: parent.right
         anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter
-        font: Face.text(12.5, Font.Medium)
         hpad: 14
         pillHeight: 30
-        radius: 8
         role: PillButton.Neutral
         title: "Open Settings"
 

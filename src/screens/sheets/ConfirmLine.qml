@@ -23,6 +23,7 @@ Item {
         anchors.rightMargin: line.hasSize ? 10 : 0
         color: Theme.palette.label2
         elide: Text.ElideMiddle
+        maximumLineCount: 1
         mono: true
         size: 11.5
         text: line.modelData.label

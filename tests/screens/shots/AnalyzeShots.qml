@@ -6,7 +6,7 @@ QtObject {
     required property Fixture fixture
 
     function home(path: string): string {
-        return fixture.model.homeFolder + path;
+        return fixture.homeFolder + path;
     }
 
     function show(result) {

@@ -3,6 +3,9 @@
 #include "Rows.h"
 
 #include "async/Unawaited.h"
+#include "files/HomeFolder.h"
+
+#include "screens/model/ShownText.h"
 
 #include "support/qt/EventLoop.h"
 
@@ -165,6 +168,11 @@ AppModel& Fixture::app() const
 RecordingTrash& Fixture::disk() const
 {
     return *m_world->fakes.disk;
+}
+
+QString Fixture::homeFolder() const
+{
+    return shownText(zolva::homeFolder());
 }
 
 QStringList Fixture::calls() const

@@ -32,6 +32,8 @@ class Fixture : public QObject
     /// opened", "Trash opened", "update check", "page ADDRESS", "revealed PATH", "license opened"
     /// and "toast: ACTION"; behind these, in order, "trash PATH", "purge PATH", "delete NAME" ….
     Q_PROPERTY(QStringList calls READ calls)
+    /// For showing.
+    Q_PROPERTY(QString homeFolder READ homeFolder CONSTANT)
     /// How often the program would have ended.
     Q_PROPERTY(int quits READ quits NOTIFY quitsChanged)
     /// How many hold the stream of readings, and how often it was started.
@@ -44,6 +46,7 @@ public:
 
     [[nodiscard]] ScreenModel* model() const;
     [[nodiscard]] QStringList calls() const;
+    [[nodiscard]] QString homeFolder() const;
     [[nodiscard]] int quits() const { return m_quits; }
     [[nodiscard]] int statusRefs() const;
     [[nodiscard]] int statusStreams() const;
