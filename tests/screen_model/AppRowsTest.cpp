@@ -230,14 +230,18 @@ TEST_F(TheAppRows, TheFocusMovesFromRowToRow)
     EXPECT_EQ(came.count(), 1);
 }
 
-TEST_F(TheAppRows, TellWhenTheApplicationsAreReadAnewSoThatTheListBeginsAtTheOneInFocus)
+TEST_F(TheAppRows, TellWhereTheOneInFocusIsWheneverTheRowsAreOthersOrInAnotherOrder)
 {
     AppModel& m = ready();
     const AppRows rows(m);
-    const Told came(&rows, &AppRows::focusCame);
     withFour(m);
-    EXPECT_GE(came.count(), 1);
-    EXPECT_EQ(rows.focusedRow(), 3);
+    const Told came(&rows, &AppRows::focusCame);
+    search(m, "a");
+    EXPECT_EQ(came.count(), 1);
+    m.setSort("uninstall", SortKey::NameAsc);
+    EXPECT_EQ(came.count(), 2);
+    m.live().storeApps({appOf("Alpha", 2000)});
+    EXPECT_EQ(came.count(), 3);
 }
 
 TEST_F(TheAppRows, NamesThatAreNoTextAreShownAllTheSame)

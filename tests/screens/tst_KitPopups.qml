@@ -106,6 +106,12 @@ Rectangle {
             compare(menu.chosen, ["Largest first"]);
         }
 
+        function test_noOtherButtonOfThePointerChoosesAnEntry() {
+            for (const button of [Qt.RightButton, Qt.MiddleButton, Qt.BackButton])
+                mouseClick(menu.itemAt(0), 5, 5, button);
+            compare(menu.chosen, []);
+        }
+
         function test_aDisabledEntryCannotBeChosen() {
             mouseClick(menu.itemAt(2));
             compare(menu.chosen, []);

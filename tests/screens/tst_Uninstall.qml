@@ -208,6 +208,34 @@ ScreenCase {
         verify(shown.y >= list.y && endY(shown) <= endY(list), shown);
     }
 
+    function test_aSearchThatLeavesFewRowsLeavesOneToTheTabKey() {
+        fixture.apps(150);
+        fixture.model.uninstall.show("org.example.app100/Applications/App 100.app");
+        open();
+        tryCompare(typed("AppList").listView, "currentIndex", 99);
+        spoken("Search").forceActiveFocus(Qt.TabFocusReason);
+        for (const letter of "app 14")
+            keyClick(letter);
+        tryCompare(typed("AppList").listView, "count", 11);
+        compare(rows().filter(each => each.isCurrent).map(each => each.name), ["App 14"]);
+        press(Qt.Key_Down);
+        verify(rows().some(each => each.activeFocus));
+    }
+
+    function test_inAnotherOrderTheKeyboardBeginsAtTheSameApplication() {
+        fixture.apps(4);
+        fixture.model.uninstall.show("org.example.app3/Applications/App 3.app");
+        open();
+        fixture.model.uninstall.sort.choose(1);
+        settle();
+        fixture.model.uninstall.sort.choose(0);
+        settle();
+        compare(rows().filter(each => each.isCurrent).map(each => each.name), ["App 3"]);
+        fixture.apps(2);
+        settle();
+        compare(rows().filter(each => each.isCurrent).length, 1);
+    }
+
     function test_aListThatShowsItStaysAtItsTop() {
         fixture.apps(40);
         fixture.model.uninstall.show("org.example.app3/Applications/App 3.app");

@@ -47,6 +47,7 @@ Item {
     MouseArea {
         acceptedButtons: Qt.AllButtons
         anchors.fill: parent
+        cursorShape: Qt.ArrowCursor
         hoverEnabled: true
 
         onWheel: wheel => wheel.accepted = true

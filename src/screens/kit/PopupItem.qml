@@ -43,8 +43,13 @@ T.MenuItem {
         verticalAlignment: Text.AlignVCenter
     }
 
-    HoverCursor {
-        enabled: item.enabled
+    // In a part of its own, which leaves the presses of the other buttons of the pointer alone.
+    Item {
+        anchors.fill: parent
+
+        HoverCursor {
+            enabled: item.enabled
+        }
     }
 
     Symbol {

@@ -17,11 +17,16 @@ FocusScope {
     property bool hasMenu: false
     /// The one that the Tab key comes to; what has the focus cannot give that up.
     readonly property bool isCurrent: ListView.isCurrentItem || activeFocus || (index === 0
-                                                        && ListView.view.currentIndex < 0)
+                                                        && !isWithin(ListView.view.currentIndex))
     readonly property bool isLast: index === ListView.view.count - 1
 
     /// By the keys.
     signal menuWanted(at: point)
+
+    /// A list that came to be shorter keeps the place that it had.
+    function isWithin(place: int): bool {
+        return place >= 0 && place < ListView.view.count;
+    }
 
     function stepTo(place: int) {
         const view = ListView.view;

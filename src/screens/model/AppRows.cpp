@@ -37,6 +37,8 @@ AppRows::AppRows(AppModel& model, QObject* parent)
     connect(&model.live(), &LiveData::checkedAppsChanged, this, &AppRows::tickRows);
     connect(&model.live(), &LiveData::selectedAppIDChanged, this, &AppRows::followFocus);
     connect(&model, &AppModel::queryChanged, this, &AppRows::reload);
+    connect(this, &AppRows::shownChanged, this, &AppRows::focusCame);
+    connect(&model, &AppModel::sortChanged, this, &AppRows::focusCame);
     takeApps();
 }
 
@@ -111,7 +113,6 @@ void AppRows::takeApps()
     list();
     countTicks();
     reload();
-    Q_EMIT focusCame();
 }
 
 void AppRows::list() const

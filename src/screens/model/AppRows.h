@@ -39,8 +39,7 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 Q_SIGNALS:
-    /// Another application is in focus, or the applications were read anew; a new order tells
-    /// nothing.
+    /// Another application is in focus, or the rows are other ones or in another order.
     void focusCame();
 
 protected:

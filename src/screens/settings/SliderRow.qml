@@ -103,7 +103,12 @@ ColumnLayout {
                 row.chosen(Math.round(value));
         }
 
-        HoverCursor {
+        // In a part of its own, which leaves the presses of the other buttons of the pointer alone.
+        Item {
+            anchors.fill: parent
+
+            HoverCursor {
+            }
         }
     }
 }

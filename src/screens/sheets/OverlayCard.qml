@@ -57,6 +57,7 @@ FocusScope {
         MouseArea {
             acceptedButtons: Qt.AllButtons
             anchors.fill: parent
+            cursorShape: Qt.ArrowCursor
             hoverEnabled: true
 
             onClicked: mouse => {
@@ -95,6 +96,7 @@ FocusScope {
             MouseArea {
                 acceptedButtons: Qt.AllButtons
                 anchors.fill: parent
+                cursorShape: Qt.ArrowCursor
                 hoverEnabled: true
 
                 onWheel: wheel => wheel.accepted = true

@@ -14,7 +14,7 @@ FocusScope {
     readonly property alias listView: list
 
     function takeFocus() {
-        list.currentIndex = Math.max(0, list.currentIndex);
+        list.currentIndex = Math.max(0, Math.min(list.currentIndex, list.count - 1));
         (list.currentItem as AppRow)?.takeFocus();
     }
 
@@ -70,15 +70,19 @@ FocusScope {
             contentY = Math.max(originY, Math.min(last, contentY + pages * Math.max(44, height - 44)));
         }
 
-        // The application in focus is where the keyboard begins, and in sight; not while the
-        // keyboard is somewhere in the list, nor before the list has its room.
+        // The application in focus is where the keyboard begins, and in sight once it is another
+        // one or elsewhere; not while the keyboard is somewhere in the list, nor before the list has
+        // its room.
         function beginAtFocus() {
-            if (height <= 0 || activeFocus)
+            if (!hasRoom || activeFocus)
                 return;
             forceLayout();
-            currentIndex = pane.uninstall.rows.focusedRow();
-            // Once what is around the list has its room, too.
-            Qt.callLater(bringIntoSight);
+            const place = pane.uninstall.rows.focusedRow();
+            if (currentIndex !== place) {
+                currentIndex = place;
+                // Once what is around the list has its room, too.
+                Qt.callLater(bringIntoSight);
+            }
         }
 
         function bringIntoSight() {
