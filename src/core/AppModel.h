@@ -7,6 +7,7 @@
 #include "core/LiveData.h"
 #include "core/SortKey.h"
 #include "removal/Toasts.h"
+#include "removal/runs/ListRuns.h"
 #include "scanners/DiskAccess.h"
 #include "updates/UpdateController.h"
 
@@ -135,6 +136,7 @@ private:
     void cleanSelected();
     void purgeSelected();
     void removeInstallers();
+    [[nodiscard]] QCoro::Task<> countInstallerRun(QCoro::Task<RunReport> run);
     void uninstallTicked();
     [[nodiscard]] QCoro::Task<> introduceAccess();
     [[nodiscard]] QCoro::Task<> probeAccess();
@@ -155,6 +157,7 @@ private:
     std::set<std::string> m_done;
     std::int64_t m_lastCleanFreed = 0;
     std::int64_t m_lastPurgeFreed = 0;
+    int m_installerRuns = 0; ///< that are going
     bool m_systemIsDark = true;
     std::map<std::string, SortKey> m_sort;
     std::map<std::string, std::string> m_query;

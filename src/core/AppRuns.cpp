@@ -77,19 +77,31 @@ void AppModel::purgeSelected()
 
 void AppModel::removeInstallers()
 {
-    unawaited(
+    unawaited(countInstallerRun(
         runInstallers(m_removal.tools(), m_removal.selectedInstallers(),
-                      [this](const AppLists::Keys& paths) { m_lists.dropInstallers(paths); }));
+                      [this](const AppLists::Keys& paths) { m_lists.dropInstallers(paths); })));
 }
 
 void AppModel::removeInstaller(const InstallerItem& item)
 {
-    if (!m_removal.knowsExclusions()) {
+    // During a run nothing comes of it, and nothing is said.
+    if (!m_removal.runs().bulk() && !m_removal.knowsExclusions()) {
         return;
     }
-    unawaited(zolva::removeInstaller(m_removal.tools(), item, [this](const AppLists::Keys& paths) {
-        m_lists.dropInstallers(paths);
-    }));
+    unawaited(countInstallerRun(
+        zolva::removeInstaller(m_removal.tools(), item, [this](const AppLists::Keys& paths) {
+            m_lists.dropInstallers(paths);
+        })));
+}
+
+QCoro::Task<> AppModel::countInstallerRun(QCoro::Task<RunReport> run)
+{
+    const QPointer<AppModel> self(this);
+    ++m_installerRuns;
+    co_await run;
+    if (self) {
+        --m_installerRuns;
+    }
 }
 
 void AppModel::uninstallTicked()

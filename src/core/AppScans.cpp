@@ -89,8 +89,7 @@ QCoro::Task<> AppModel::scanPurge(bool force)
 void AppModel::scanInstallers()
 {
     unawaited(probeAccess());
-    const auto removal =
-        m_removal.runs().bulk() ? AppLists::Removal::IsGoing : AppLists::Removal::None;
+    const auto removal = m_installerRuns > 0 ? AppLists::Removal::IsGoing : AppLists::Removal::None;
     unawaited(readInstallers(m_lists.beginInstallers(removal)));
 }
 

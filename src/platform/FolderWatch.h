@@ -10,7 +10,7 @@ class FolderWatch
 {
 public:
     /// A folder that cannot be watched is not retried. One that goes away later is watched again,
-    /// on Linux, as soon as one stands at its path, also where the two above it went with it.
+    /// on Linux, as soon as one stands at its path, also where the one above it went with it.
     explicit FolderWatch(const std::string& folder);
     ~FolderWatch();
     FolderWatch(const FolderWatch&) = delete;

@@ -73,6 +73,11 @@ TEST_F(HomeTrash, AnEntryThatIsAlreadyGoneIsToldAsThat)
                                                       "already gone " + m_home.inTrash("gone")}}));
 }
 
+TEST_F(HomeTrash, AnEntryOfATrashThatWentAsAWholeIsAlreadyGone)
+{
+    EXPECT_EQ(deleteTrashEntry("gone"), Deletion::AlreadyGone);
+}
+
 TEST_F(HomeTrash, AnEntryThatCannotBeDeletedIsTold)
 {
     withoutOverridingPermissions([&] {

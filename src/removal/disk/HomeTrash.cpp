@@ -72,11 +72,12 @@ tl::expected<Deletion, std::string> deleteTrashEntry(const std::string& name,
             log::purged(path);
             return Deletion::Done;
         }
-        if (deleted.error().code == ENOENT) {
-            log::alreadyGone(path);
-            return Deletion::AlreadyGone;
-        }
         failure = deleted.error();
+    }
+    // Also where the whole Trash went.
+    if (failure.code == ENOENT) {
+        log::alreadyGone(path);
+        return Deletion::AlreadyGone;
     }
     log::failed(path, failure.text);
     return tl::unexpected(failure.text);
