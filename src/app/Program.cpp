@@ -122,8 +122,10 @@ void runProgram(int argc, char** argv)
     if (const auto complaint = complaintAbout(argumentsOf(argc, argv))) {
         complain(*complaint, 2);
     }
-    const std::unique_ptr<SingleInstance> place = claimPlace();
+    std::unique_ptr<SingleInstance> place = claimPlace();
     const int code = showAndWait(*place);
+    // Nobody is there to answer another start.
+    place.reset();
     letStepsEnd(lastStep);
     leave(code);
 }

@@ -1,6 +1,7 @@
 #include "platform/Environment.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,12 @@ struct Kept
     std::vector<char*> pointers;    ///< to them, and a null
 };
 
+/// Leave to take the focus, given to this program for its own window.
+bool isForTheFirstWindow(std::string_view text)
+{
+    return text.starts_with("XDG_ACTIVATION_TOKEN=") || text.starts_with("DESKTOP_STARTUP_ID=");
+}
+
 /// Never freed: threads may read it until the process has gone.
 const Kept* kept = nullptr;
 
@@ -26,13 +33,17 @@ void keepEnvironment()
 {
     auto* const all = new Kept;
     for (char** each = environ; each != nullptr && *each != nullptr; ++each) {
-        all->texts.emplace_back(*each);
+        if (!isForTheFirstWindow(*each)) {
+            all->texts.emplace_back(*each);
+        }
     }
     for (std::string& text : all->texts) {
         all->pointers.push_back(text.data());
     }
     all->pointers.push_back(nullptr);
     kept = all;
+    // Dates look for their zone there at their first use.
+    ::tzset();
 }
 
 const char* environmentValue(const char* name)

@@ -49,6 +49,17 @@ TEST(Environment, StaysAsItWasKeptWhateverIsSetOrUnsetLater)
     });
 }
 
+TEST(Environment, OfAToolHasNoLeaveToTakeTheFocus)
+{
+    inChild([] {
+        const ScopedVariable token("XDG_ACTIVATION_TOKEN", "t");
+        const ScopedVariable start("DESKTOP_STARTUP_ID", "s");
+        keepEnvironment();
+        EXPECT_EQ(
+            runTool({"/bin/sh", "-c", "test -z \"$XDG_ACTIVATION_TOKEN$DESKTOP_STARTUP_ID\""}), 0);
+    });
+}
+
 TEST(Environment, OfAToolIsTheOneThatWasKept)
 {
     inChild([] {
