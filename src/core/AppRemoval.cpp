@@ -44,7 +44,8 @@ bool AppRemoval::knowsExclusions()
 void AppRemoval::trashAnalyzeItem(const std::string& name, const std::string& path,
                                   std::int64_t bytes)
 {
-    if (knowsExclusions()) {
+    // What is moved already comes to nothing, and nothing is said.
+    if (m_analyzed.trashed().contains(path) || knowsExclusions()) {
         m_analyzed.trashAnalyzeItem(name, path, bytes);
     }
 }

@@ -99,7 +99,7 @@ struct Loaded
 {
     std::error_code error; ///< it is there and cannot be read
     bool damaged = false;
-    bool absent = false;
+    bool isAbsent = false;
     json values = json::object();
 };
 
@@ -108,11 +108,11 @@ Loaded load(const std::string& path)
     WholeFile file = readWholeFile(path, sizeLimit);
     Loaded loaded;
     // What should be its folder may be none.
-    loaded.absent = file.error == std::errc::no_such_file_or_directory ||
-                    file.error == std::errc::not_a_directory;
+    loaded.isAbsent = file.error == std::errc::no_such_file_or_directory ||
+                      file.error == std::errc::not_a_directory;
     loaded.damaged = file.error == std::errc::file_too_large;
     if (file.error) {
-        loaded.error = loaded.absent || loaded.damaged ? std::error_code() : file.error;
+        loaded.error = loaded.isAbsent || loaded.damaged ? std::error_code() : file.error;
         return loaded;
     }
     if (std::optional<json> values = parsedPrefs(file.bytes)) {
@@ -121,12 +121,6 @@ Loaded load(const std::string& path)
         loaded.damaged = true;
     }
     return loaded;
-}
-
-/// Where a damaged file is put.
-std::string asideOf(const std::string& file)
-{
-    return file + ".damaged";
 }
 
 bool isThere(const std::string& path)
@@ -168,7 +162,16 @@ public:
     PrefsTrouble trouble()
     {
         refresh();
-        return {m_wasRead ? std::string() : m_unreadable.message(), m_damaged};
+        PrefsTrouble trouble;
+        if (!m_wasRead) {
+            trouble.unread = m_unreadable.message();
+        }
+        if (m_isInTheWay) {
+            trouble.damaged = m_path;
+        } else if (isThere(aside())) {
+            trouble.damaged = aside();
+        }
+        return trouble;
     }
 
     void write(const std::vector<std::pair<std::string, PrefValue>>& values)
@@ -189,12 +192,34 @@ private:
     [[nodiscard]] std::string folder() const { return parentPath(m_path); }
     [[nodiscard]] std::string lockFile() const { return joinedPath(folder(), "preferences.lock"); }
 
-    /// Where the file really is: a link to it is kept a link.
+    /// Where the file really is, or would be: a link to it is kept a link.
     [[nodiscard]] std::string target() const
     {
-        std::error_code error;
-        const std::filesystem::path real = std::filesystem::canonical(m_path, error);
-        return error ? m_path : real.string();
+        constexpr int mostLinks = 40; // as many as the system follows
+        std::filesystem::path at = m_path;
+        for (int i = 0; i < mostLinks; ++i) {
+            std::error_code noLink;
+            const std::filesystem::path next = std::filesystem::read_symlink(at, noLink);
+            if (noLink) {
+                break;
+            }
+            at = at.parent_path() / next;
+        }
+        return at.string();
+    }
+
+    /// Where a damaged file is put.
+    [[nodiscard]] std::string aside() const { return target() + ".damaged"; }
+
+    /// As it is now. A link into a folder that is not there, as on a disk that is not mounted, is
+    /// no first start.
+    [[nodiscard]] Loaded loadNow() const
+    {
+        Loaded loaded = load(m_path);
+        if (loaded.isAbsent && isThere(m_path) && !isThere(parentPath(target()))) {
+            loaded.error = std::make_error_code(std::errc::no_such_file_or_directory);
+        }
+        return loaded;
     }
 
     /// Why it could not be done.
@@ -206,7 +231,7 @@ private:
             return "another process holds them";
         }
         // What is changed is what others have stored by now, and not what was read before.
-        Loaded loaded = load(m_path);
+        Loaded loaded = loadNow();
         if (loaded.error) {
             // Replacing it would lose what it holds.
             return loaded.error.message();
@@ -233,15 +258,13 @@ private:
         if (stamp && stamp == m_stamp) {
             return;
         }
-        Loaded loaded = load(m_path);
-        std::string damaged;
+        Loaded loaded = loadNow();
+        bool isInTheWay = false;
         if (loaded.damaged) {
             const Turn turn(lockFile());
             // Another process may have put it right meanwhile.
-            loaded = load(m_path);
-            if (loaded.damaged) {
-                damaged = turn.isOthers() ? m_path : setAside().value_or(m_path);
-            }
+            loaded = loadNow();
+            isInTheWay = loaded.damaged && (turn.isOthers() || !setAside());
         }
         if (loaded.error) {
             // What was read before still holds, and every further look tries again.
@@ -251,11 +274,8 @@ private:
             }
             return;
         }
-        if (loaded.absent && isThere(asideOf(m_path))) {
-            damaged = asideOf(m_path);
-        }
         keep(std::move(loaded.values), stamp);
-        m_damaged = std::move(damaged);
+        m_isInTheWay = isInTheWay;
         show();
     }
 
@@ -266,7 +286,7 @@ private:
         m_stamp = stamp;
         m_unreadable.clear();
         m_wasRead = true;
-        m_damaged.clear();
+        m_isInTheWay = false;
     }
 
     void show()
@@ -282,18 +302,16 @@ private:
         }
     }
 
-    /// Where it was put.
-    std::optional<std::string> setAside()
+    [[nodiscard]] bool setAside() const
     {
-        const std::string from = target();
-        const std::string aside = asideOf(from);
-        if (std::rename(from.c_str(), aside.c_str()) != 0) {
+        const std::string to = aside();
+        if (std::rename(target().c_str(), to.c_str()) != 0) {
             const std::error_code error(errno, std::generic_category());
             log::preferencesUnreadable("damaged, and not to be set aside: " + error.message());
-            return std::nullopt;
+            return false;
         }
-        log::preferencesSetAside(aside);
-        return aside;
+        log::preferencesSetAside(to);
+        return true;
     }
 
     std::string m_path;
@@ -303,7 +321,7 @@ private:
     json m_shown = json::object();              ///< what is known, with what is pending
     std::error_code m_unreadable;               ///< told already
     bool m_wasRead = false;                     ///< at least once
-    std::string m_damaged;                      ///< where it lies
+    bool m_isInTheWay = false;                  ///< damaged, and not to be set aside
 };
 
 JsonPrefsStore::JsonPrefsStore(std::string path) : m_file(std::make_unique<File>(std::move(path)))

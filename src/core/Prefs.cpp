@@ -99,6 +99,15 @@ std::vector<std::string> Prefs::whitelist()
     return withoutEmpty(m_d.texts(whitelistKey).value_or(std::vector<std::string>{}));
 }
 
+PrefsTrouble Prefs::trouble()
+{
+    PrefsTrouble trouble = m_d.trouble();
+    if (!trouble.damaged.empty() && m_d.has(whitelistKey)) {
+        trouble.damaged.clear();
+    }
+    return trouble;
+}
+
 Settings Prefs::load()
 {
     return {themeMode(), poll(), threshold(), touchid(), keepInTrash(), whitelist()};

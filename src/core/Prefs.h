@@ -56,7 +56,8 @@ public:
     [[nodiscard]] Settings load();
 
     /// Why `load` may not give what the user chose.
-    [[nodiscard]] PrefsTrouble trouble() { return m_d.trouble(); }
+    /// Nothing is damaged any more once exclusions were stored again, be it none.
+    [[nodiscard]] PrefsTrouble trouble();
 
     /// Every setting, clamped and without empty texts, whichever of them changed. What others have
     /// added to the list stays in it, unless it was taken out here.

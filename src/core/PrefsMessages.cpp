@@ -7,7 +7,8 @@ namespace zolva {
 std::string prefsUnreadText(const std::string& reason)
 {
     return "Zolva can't read your settings: " + reason +
-           ". Nothing is removed until it knows what never to touch.";
+           ". Nothing is cleaned, moved or uninstalled until it knows what "
+           "never to touch.";
 }
 
 std::optional<std::string> prefsTroubleText(const PrefsTrouble& trouble)
@@ -18,7 +19,7 @@ std::optional<std::string> prefsTroubleText(const PrefsTrouble& trouble)
     if (!trouble.damaged.empty()) {
         return "Your settings were damaged, so nothing is listed under \"Never touch these\". "
                "The old file is " +
-               displayText(tildePath(trouble.damaged)) + ".";
+               displayLine(tildePath(trouble.damaged)) + ".";
     }
     return std::nullopt;
 }

@@ -19,7 +19,7 @@ using PrefValue =
 struct PrefsTrouble
 {
     std::string unread;  ///< why nothing of what is stored could be read until now
-    std::string damaged; ///< where the file lies that was none, and that none has followed yet
+    std::string damaged; ///< where the file lies that could not be understood
 };
 
 /// Values by key that outlive the process. A value of another type than asked for reads as that

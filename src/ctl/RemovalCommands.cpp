@@ -39,10 +39,13 @@ Answer removal(const Request& request, const Plan& plan, const Start& start,
     const std::string question = session.isPermanent() ? "Delete " + amount + " for good?"
                                                        : "Move " + amount + " to the Trash?";
     const bool wanted = nothingGoes(plan) || confirmed(request, plan, question, session.stop());
-    if (!wanted || !session.beginRemoval()) {
+    if (!wanted || !session.begin()) {
         RunResult nothing;
         nothing.stopped = true;
         return declined(outcomeJson(nothing, Json::array()), request);
+    }
+    if (auto reason = session.exclusionsUnknown()) {
+        return {{}, *std::move(reason), Exit::Failed};
     }
     return outcomeAnswer(request, session, session.finish(start(session.tools())));
 }

@@ -1,5 +1,6 @@
 #include "ctl/RemovalSession.h"
 
+#include "core/PrefsMessages.h"
 #include "core/SystemPrefsStore.h"
 #include "ctl/StoredPrefs.h"
 #include "ctl/Table.h"
@@ -65,9 +66,12 @@ bool RemovalSession::begin()
     return !m_stop.wasAsked();
 }
 
-bool RemovalSession::beginRemoval()
+std::optional<std::string> RemovalSession::exclusionsUnknown()
 {
-    return begin() && model().removal().knowsExclusions();
+    if (model().removal().knowsExclusions()) {
+        return std::nullopt;
+    }
+    return displayLine(prefsUnreadText(model().settings().unread()));
 }
 
 RunTools RemovalSession::tools()

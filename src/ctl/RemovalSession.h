@@ -11,6 +11,7 @@
 #include <QCoroTask>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,8 +36,8 @@ public:
     /// The last look before the run: builds the model, and answers whether nobody asked the program
     /// to end since the user's word, which the run would only hear of behind its first item.
     [[nodiscard]] bool begin();
-    /// The same for a run that leaves alone what is excluded: whether that is known, too.
-    [[nodiscard]] bool beginRemoval();
+    /// The last look of a run that leaves alone what is excluded: why it is not known what that is.
+    [[nodiscard]] std::optional<std::string> exclusionsUnknown();
     /// Of the model, but that what was shown and asked about holds to the end.
     [[nodiscard]] RunTools tools();
     /// Whether what is moved is then deleted: by the setting, or by "--permanent".

@@ -135,8 +135,11 @@ Answer uninstall(const Request& request)
     const std::string question = "Quit and uninstall " + counted(apps, "app") + ", and delete " +
                                  amountText(plan) + " for good?";
     // Also where nothing would go: the application is asked to quit all the same.
-    if (!confirmed(request, plan, question, session.stop()) || !session.beginRemoval()) {
+    if (!confirmed(request, plan, question, session.stop()) || !session.begin()) {
         return declined(uninstallJson({}, Json::array()), request);
+    }
+    if (auto reason = session.exclusionsUnknown()) {
+        return {{}, *std::move(reason), Exit::Failed};
     }
     SystemAppProcesses processes;
     const UninstallReport report =

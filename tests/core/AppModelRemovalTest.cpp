@@ -245,8 +245,9 @@ TEST_F(ModelRemoval, NothingIsRemovedWhileWhatIsExcludedCannotBeRead)
     untilIdle(m);
     EXPECT_TRUE(changes().empty());
     ASSERT_EQ(toastTexts().size(), atTheStart + 4);
-    EXPECT_EQ(toastTexts().back(), "Zolva can't read your settings: Permission denied. Nothing is "
-                                   "removed until it knows what never to touch.");
+    EXPECT_EQ(toastTexts().back(),
+              "Zolva can't read your settings: Permission denied. Nothing is "
+              "cleaned, moved or uninstalled until it knows what never to touch.");
 
     store.told = {};
     store.values["zolva.whitelist"] = Names{"~/x"};
@@ -332,6 +333,20 @@ TEST_F(ModelRemoval, AScanThatFindsAnInstallerJustBeforeItGoesDoesNotBringItsRow
     untilIdle(m);
     installers.answer(1, {image("/i", 4000), image("/j", 5000)});
     EXPECT_EQ(shownInstallers(), (Names{"/j"}));
+}
+
+TEST_F(ModelRemoval, AnInstallerThatCouldNotBeRemovedIsFoundByAScanDuringAnotherRun)
+{
+    disk->put("/i", 4000);
+    disk->fail("/i", "not permitted");
+    AppModel& m = cleaned();
+    m.removeInstaller(image("/i", 4000));
+    untilIdle(m);
+    m.removal().runs().setBulk(BulkProgress{});
+    m.scanForMenu();
+    installers.answer(1, {image("/i", 4000), image("/j", 5000)});
+    EXPECT_EQ(shownInstallers(), (Names{"/i", "/j"}));
+    m.removal().runs().setBulk(std::nullopt);
 }
 
 TEST_F(ModelRemoval, AnInstallerThatCouldNotBeRemovedIsFoundByTheNextScan)

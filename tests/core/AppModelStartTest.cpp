@@ -130,7 +130,7 @@ TEST_F(ModelStart, SettingsThatCannotBeReadAreToldOnceAsAWarning)
     ASSERT_EQ(toasts.size(), 1U);
     EXPECT_EQ(toasts[0].kind, BannerKind::Warning);
     EXPECT_EQ(toasts[0].text, "Zolva can't read your settings: Permission denied. Nothing is "
-                              "removed until it knows what never to touch.");
+                              "cleaned, moved or uninstalled until it knows what never to touch.");
 }
 
 TEST_F(ModelStart, WithoutTheStepsOfTheWindowNothingIsToldOfTheSettings)

@@ -241,6 +241,40 @@ TEST_F(JsonPrefs, ALinkToTheFileStaysALink)
     EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
+TEST_F(JsonPrefs, ALinkToAFileThatIsNotThereYetIsAFirstStartAndStaysALink)
+{
+    m_tree.folder("dotfiles");
+    m_tree.link("zolva/preferences.json", m_tree.path("dotfiles/zolva.json"));
+    EXPECT_EQ(m_store.trouble().unread, "");
+    m_store.write({{"a", std::int64_t{2}}});
+    EXPECT_EQ(json::parse(contentOf(m_tree.path("dotfiles/zolva.json"))), (json{{"a", 2}}));
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+}
+
+TEST_F(JsonPrefs, ALinkIntoAFolderThatIsNotThereIsNotRead)
+{
+    m_tree.link("zolva/preferences.json", "../disk/dotfiles/zolva.json");
+    EXPECT_EQ(m_store.trouble().unread, "No such file or directory");
+    m_store.write({{"a", std::int64_t{2}}});
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+    EXPECT_FALSE(isThere(m_tree.path("disk")));
+    m_tree.text("disk/dotfiles/zolva.json", R"({"b": 1})");
+    EXPECT_EQ(m_store.wholeNumber("b"), 1);
+    EXPECT_EQ(m_store.trouble().unread, "");
+}
+
+TEST_F(JsonPrefs, ADamagedFileBehindALinkIsATroubleAtEachLookAndTheLinkStays)
+{
+    const std::string file = m_tree.text("dotfiles/zolva.json", "{");
+    m_tree.link("zolva/preferences.json", file);
+    EXPECT_EQ(m_store.trouble().damaged, file + ".damaged");
+    EXPECT_EQ(m_store.trouble().damaged, file + ".damaged");
+    EXPECT_EQ(JsonPrefsStore(path()).trouble().damaged, file + ".damaged");
+    m_store.write({{"a", std::int64_t{2}}});
+    EXPECT_EQ(json::parse(contentOf(file)), (json{{"a", 2}}));
+    EXPECT_TRUE(std::filesystem::is_symlink(path()));
+}
+
 TEST_F(JsonPrefs, ATextThatIsNotUtf8ComesBackByteForByteAndTheFileStaysJson)
 {
     const std::string odd = "/h/50%\xFF\xC3/\xE2\x82";
@@ -407,14 +441,15 @@ TEST_F(JsonPrefs, AFirstStartIsNoTrouble)
     EXPECT_EQ(m_store.trouble().damaged, "");
 }
 
-TEST_F(JsonPrefs, ADamagedFileIsATroubleUntilANewOneIsWritten)
+TEST_F(JsonPrefs, ADamagedFileIsATroubleAsLongAsItLiesAside)
 {
     stored("{");
     EXPECT_EQ(m_store.trouble().damaged, path() + ".damaged");
     EXPECT_EQ(JsonPrefsStore(path()).trouble().damaged, path() + ".damaged");
     m_store.write({{"a", true}});
+    EXPECT_EQ(m_store.trouble().damaged, path() + ".damaged");
+    ASSERT_TRUE(std::filesystem::remove(path() + ".damaged"));
     EXPECT_EQ(m_store.trouble().damaged, "");
-    EXPECT_EQ(JsonPrefsStore(path()).trouble().damaged, "");
 }
 
 TEST_F(JsonPrefs, ADamagedFileThatCannotBeSetAsideIsNotReplaced)

@@ -47,6 +47,17 @@ protected:
     Prefs m_prefs{m_store};
 };
 
+TEST_F(PrefsOnDisk, DamagedOnesAreATroubleUntilExclusionsAreStoredAgain)
+{
+    stored(R"({"zolva.whitelist": ["~/a")");
+    EXPECT_NE(m_prefs.trouble().damaged, "");
+    m_prefs.writeLastUpdateCheck(1);
+    m_prefs.writeSeenAccessIntro(true);
+    EXPECT_NE(m_prefs.trouble().damaged, "");
+    m_prefs.save(Settings{}, {});
+    EXPECT_EQ(m_prefs.trouble().damaged, "");
+}
+
 TEST_F(PrefsOnDisk, OnAFirstStartTheDefaultsHoldAndNothingIsWritten)
 {
     const Settings settings = m_prefs.load();

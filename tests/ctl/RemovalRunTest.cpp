@@ -134,7 +134,8 @@ TEST_F(CleanRun, NothingIsRemovedWhereTheExclusionsCannotBeRead)
         EXPECT_EQ(outcome.out, "");
         EXPECT_EQ(outcome.err, "zolvactl: preferences not read: Invalid argument\n"
                                "zolvactl: Zolva can't read your settings: Invalid argument. "
-                               "Nothing is removed until it knows what never to touch.\n");
+                               "Nothing is cleaned, moved or uninstalled until it knows what "
+                               "never to touch.\n");
     }
     EXPECT_EQ(home.all(), before);
     EXPECT_EQ(home.run({"empty-trash", "--yes"}).code, 0);
@@ -152,7 +153,8 @@ TEST_F(CleanRun, NothingIsRemovedWhereTheExclusionsCannotBeReadAnyMoreWhenTheAns
                                                  std::filesystem::create_directory(file);
                                              })
                                 .run();
-    EXPECT_EQ(outcome.code, 3);
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("zolvactl: Zolva can't read your settings: "));
     EXPECT_TRUE(home.has("Library/Caches/plain"));
     EXPECT_TRUE(home.has("Library/Logs/noisy"));
 }
