@@ -78,7 +78,7 @@ int panelFigures()
     extra.start();
     turnUntil([&stage] { return panelBeside(stage.window()) != nullptr; });
     turnFor(1000);
-    stage.window().hide(); // which is what the program does with it then
+    stage.window().hide();
     QQuickWindow& panel = *panelBeside(stage.window());
     const double first = openingOf(item, panel);
     std::vector<double> later;
