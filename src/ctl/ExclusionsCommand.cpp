@@ -102,7 +102,9 @@ Answer exclusions(const Request& request)
 {
     StoredPrefs stored;
     if (request.operands.empty()) {
-        return answerOf(stored.prefs().whitelist(), {}, Exit::Done, request);
+        const bool isKnown = stored.prefs().trouble().unread.empty();
+        return answerOf(stored.prefs().whitelist(), {}, isKnown ? Exit::Done : Exit::Failed,
+                        request);
     }
     const std::string& change = request.operands.front();
     const bool adds = change == "add";

@@ -163,7 +163,11 @@ Answer prefs(const Request& request)
 {
     StoredPrefs stored;
     if (request.operands.empty()) {
-        return shown(valuesOf(stored.prefs()), request);
+        Answer answer = shown(valuesOf(stored.prefs()), request);
+        if (!stored.prefs().trouble().unread.empty()) {
+            answer.code = Exit::Failed;
+        }
+        return answer;
     }
     if (request.operands.front() != "set") {
         return wrongUsage("not expected: " + displayLine(request.operands.front()));

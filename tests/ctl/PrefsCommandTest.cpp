@@ -147,14 +147,15 @@ TEST(PrefsCommand, ADamagedFileGivesTheDefaultsAndANote)
     EXPECT_EQ(zolvactl(tree.root(), {"prefs", "--json"}).err, "");
 }
 
-TEST(PrefsCommand, AFileThatCannotBeReadIsTold)
+TEST(PrefsCommand, AFileThatCannotBeReadIsToldAndAFailure)
 {
     TempTree tree;
     tree.folder(file);
     const Outcome outcome = zolvactl(tree.root(), {"prefs", "--json"});
-    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(outcome.out, defaults);
     EXPECT_THAT(outcome.err, StartsWith("zolvactl: preferences not read: "));
+    EXPECT_EQ(zolvactl(tree.root(), {"exclusions"}).code, 1);
     EXPECT_THAT(zolvactl(tree.root(), {"excluded", "/a"}).err,
                 StartsWith("zolvactl: preferences not read: "));
 }
