@@ -1,5 +1,7 @@
 #include "platform/RunningApps.h"
 
+#include "platform/FileDescriptor.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -150,14 +152,10 @@ void askToTerminate(const RunningApp& app)
 {
     // The id may belong to another process by now; a descriptor stays with the one it was opened
     // on, so what is looked at is what is asked.
-    const int process = ::pidfd_open(app.pid, 0);
-    if (process < 0) {
-        return;
+    const FileDescriptor process(::pidfd_open(app.pid, 0));
+    if (process.isOpen() && !hasTerminated(app)) {
+        ::pidfd_send_signal(process.get(), SIGTERM, nullptr, 0);
     }
-    if (!hasTerminated(app)) {
-        ::pidfd_send_signal(process, SIGTERM, nullptr, 0);
-    }
-    ::close(process);
 }
 
 bool hasTerminated(const RunningApp& app)
