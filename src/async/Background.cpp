@@ -1,6 +1,7 @@
 #include "async/Background.h"
 
 #include "diagnostics/AlternateStack.h"
+#include "platform/ThreadPriority.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -69,6 +70,10 @@ public:
     {
         if (m_handedOver.load(std::memory_order_acquire)) {
             useAlternateSignalStack();
+            if (m_pool == Pool::Reads) {
+                // Before the window, which shows what they find, comes to stutter.
+                giveWay();
+            }
             m_work();
         }
         m_done.store(true, std::memory_order_release);

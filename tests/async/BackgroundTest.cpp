@@ -12,8 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <memory>
@@ -140,6 +142,24 @@ TEST(Background, AStepUnderWayMayComeToItsEndBeforeTheProgramDoes)
     // What the step came back to.
     test::pumpOnce();
 }
+
+#ifdef __linux__
+/// Of the calling thread.
+int niceness()
+{
+    return ::getpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()));
+}
+
+TEST(Background, ReadsGiveWayToTheMainThreadAndStepsOfRemovalsDoNot)
+{
+    const int usual = niceness();
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(test::settled(background(niceness)), std::min(usual + 10, 19));
+        EXPECT_EQ(test::settled(backgroundStep(niceness)), usual);
+    }
+    EXPECT_EQ(niceness(), usual);
+}
+#endif
 
 TEST(Background, StepsOfRemovalsHaveAStackForSignalsToo)
 {
